@@ -1,0 +1,122 @@
+#include "core/messages.h"
+
+namespace branok::messages {
+
+namespace {
+
+Message Warning(std::string text) {
+  return {.text = std::move(text), .icon = Icon::exclamation, .beep = true};
+}
+
+Message Information(std::string text) {
+  return {.text = std::move(text), .icon = Icon::information};
+}
+
+Message Yes_No(std::string text, Topic topic) {
+  return {.text = std::move(text),
+          .icon = Icon::question,
+          .buttons = Buttons::yes_no,
+          .default_answer = Answer::yes,
+          .beep = true,
+          .topic = topic};
+}
+
+}  // namespace
+
+Message Calculation_Error(std::string_view what) {
+  return Warning("Calculation Error about " + std::string(what) +
+                 " occurred, please check data !\n"
+                 "[ Recommendation: For security of data, \n"
+                 "save data as another group!]");
+}
+
+Message File_Error(std::string_view title) {
+  return Warning("Sorry, failed " + std::string(title) + " command.");
+}
+
+Message Too_Many_Passes() {
+  return Warning(
+      "This calclation was interrupted by the number of iterations (>100) !\n"
+      "[Recommendation: Check data, especially Intake, fan-set & fan-flow-direc. nodal no. !]");
+}
+
+Message Divergence() {
+  return Warning(
+      "\nThis calclation was interrupted by divergence of results !\n"
+      "[Recommendation: Check Data, especially Intake, fan-set & fan-flow-direc. nodal no. !]");
+}
+
+Message Memory_Over() {
+  return Warning(
+      "Memory will be over \n"
+      "for press. & flow calculation.\n"
+      "Do optimize nodal No.!");
+}
+
+Message Confirm_Flow() {
+  Message message = Information("After confirmation, push button !");
+  message.beep = true;
+  return message;
+}
+
+Message Ask_Results_Initial() {
+  return {.text =
+              "Calculation results are existing!\n"
+              "Do you want to use results data as initial value ?\n"
+              "If you select 'Yes' button, set results data.\n"
+              "Or you select 'No' button, set arbitrary data.\n"
+              "When set arbitrary data, present results data will be lost!\n"
+              "Or you select 'Cancel' button, do not analyze pressure.",
+          .icon = Icon::question,
+          .buttons = Buttons::yes_no_cancel,
+          .default_answer = Answer::no,
+          .beep = true,
+          .topic = Topic::results_as_start};
+}
+
+Message Save_Annual_Results() {
+  return Information(
+      "Recommendation: Save Annual calculation results,\n"
+      "before calculation of Monthly Temp. & Hum.");
+}
+
+Message Season_Needs_Annual() {
+  return Information(
+      "Seasonal Temp. can be calculated after calculation of Annual Flow Temperature!");
+}
+
+Message Ask_Replace_Annual() {
+  return Yes_No(
+      "Annual Temp. Data will be replaced with Monthly Data!\n"
+      "[Recommendation : before calculate Monthly Temp., \n"
+      "save calculation results.]\n"
+      "If you select 'Yes' button, start Calculation.\n"
+      "Or 'No' button, stop calculation.",
+      Topic::replace_annual);
+}
+
+Message Ask_Season_Flow() {
+  return Yes_No(
+      "Temp. & Hum. calculations are complete!\n"
+      "Calculate Press. & Flow for Monthly Temp. ?",
+      Topic::flow_for_season);
+}
+
+Message Season_Complete(std::string_view season) {
+  return Information("Flow, Temp. & Hum. calculation are complete\nfor  " + std::string(season));
+}
+
+Message Ask_Check_Before_Save() {
+  return {.text =
+              "You have not checked Network Data.\n"
+              "Doing Check Data is recommended to revise Data.\n"
+              "Do you want to do Check Data ?",
+          .title = "Check Data",
+          .icon = Icon::question,
+          .buttons = Buttons::yes_no,
+          .default_answer = Answer::yes,
+          .beep = true,
+          .topic = Topic::check_before_save};
+}
+
+}  // namespace branok::messages

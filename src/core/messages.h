@@ -1,0 +1,40 @@
+// The program's own messages, each text once, letter for letter.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/dialogue.h"
+
+namespace branok::messages {
+
+/// A run-time fault in the calculation named `what`.
+Message Calculation_Error(std::string_view what);
+
+/// A file command or file operation that could not be done; `title` names it, with its quotes.
+Message File_Error(std::string_view title);
+
+/// The solver's own failures.
+Message Too_Many_Passes();
+Message Divergence();
+Message Memory_Over();
+
+/// After a flow run.
+Message Confirm_Flow();
+
+/// The question whether present results are the start values of a flow run.
+Message Ask_Results_Initial();
+
+/// After an annual run.
+Message Save_Annual_Results();
+
+/// Around a seasonal run.
+Message Season_Needs_Annual();
+Message Ask_Replace_Annual();
+Message Ask_Season_Flow();
+Message Season_Complete(std::string_view season);
+
+/// Before a save of data that no check has seen.
+Message Ask_Check_Before_Save();
+
+}  // namespace branok::messages
