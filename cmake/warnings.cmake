@@ -3,7 +3,7 @@
 add_library(branok_options INTERFACE)
 target_compile_options(branok_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-  -Wformat=2 -Wimplicit-fallthrough -Werror -ffp-contract=off)
+  -Wformat=2 -Wimplicit-fallthrough -Werror -ffp-contract=off -fno-math-errno)
 target_include_directories(branok_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
 if(BRANOK_SANITIZE)

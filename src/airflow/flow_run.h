@@ -12,7 +12,7 @@ Flow_Result Ana_Flow_Press(Database& db, Dialogue& dialogue, Panel& panel);
 
 /// Refits the fans, finds their working range and sets the start pressures of fans and intakes;
 /// with `reset` those of all other nodes as well. Raises Run_Time_Error.
-void Set_Initial_Press(Database& db, Dialogue& dialogue, Panel& panel, bool reset);
+void Set_Initial_Press(Database& db, Panel& panel, bool reset);
 
 /// With `reset`, gives every node and airway the intake's annual average state; else does nothing.
 void Set_Constant_Temp(Database& db, bool reset);

@@ -26,6 +26,9 @@ class List {
   T& operator[](int i) { return cells_[at(i)]; }
   const T& operator[](int i) const { return cells_[at(i)]; }
   void fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
+  /// All cells with index 0, for loops that have checked their numbers.
+  std::span<T> cells() { return cells_; }
+  std::span<const T> cells() const { return cells_; }
   bool operator==(const List&) const = default;
 
  private:

@@ -1,0 +1,177 @@
+#include "airflow/flow_run.h"
+
+#include <cmath>
+
+#include "core/faults.h"
+#include "core/messages.h"
+#include "core/vocabulary.h"
+#include "prep/fan.h"
+
+namespace branok {
+
+namespace {
+
+constexpr Picture press_picture("###0.0##");
+constexpr float fixed_stop = 10000;  // murgue
+
+Answer Ask_Results_Initial(Dialogue& dialogue) {
+  return dialogue.show(messages::Ask_Results_Initial());
+}
+
+void Show_Heading(const Database& db, Panel& panel) {
+  if (db.Flag_Annual == 1) {
+    panel.lblDisp[0].set("for Anual Ave. Temp.");
+  } else if (db.Flag_Season == 1) {
+    if (db.Para_Month < 0 || db.Para_Month > 12) Outside_Table(db.Para_Month, 12);
+    panel.lblDisp[0].set("for " +
+                         std::string(Season_Name[static_cast<std::size_t>(db.Para_Month)]));
+  } else {
+    panel.lblDisp[0].set("for given Thermal Conditions");
+  }
+  panel.refresh();
+}
+
+// Takes the fan's limit flow down, in steps that grow by 100 m3/min, until its curve is not
+// negative there.
+void Lower_Limit_Flow(Database& db, int f) {
+  const double n = db.MFan_Ratio[f];
+  for (int k = 0;; ++k) {
+    db.MFan_LimitFlow[f] = To_Single(db.MFan_LimitFlow[f] - 100.0 * To_Int16(k));
+    const double x = db.MFan_LimitFlow[f] / 60.0 / n;
+    if (!(Fan_Head(db, f, 1, x) * n * n < 0)) return;
+    // A curve that is negative at every flow ends here: the count of steps is a 16-bit number.
+  }
+}
+
+// The flows of the solver are volumes of outside air; each becomes the volume at its airway's own
+// density. The expansion coefficient here is 0.0037, unlike the solver's, and the mean elevation is
+// not cut to an integer.
+void Correct_Flows(Database& db) {
+  const Float_Faults faults;
+  const double outside = 1.293 / (1 + 0.0037 * db.Node_DBT[db.Inlet_Node[1]]);
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      const double mean = (db.Node_Elev[i] + db.Node_Elev[db.Node_Junc(j, i)]) / 2.0;
+      const double e = std::exp(-mean / 8620);
+      db.Root_Density(j, i) =
+          static_cast<float>(1.293 / (1 + 0.0037 * db.Root_Temp(j, i)) * e);
+      db.Root_Flow(j, i) =
+          static_cast<float>(outside * e * db.Root_Flow(j, i) / db.Root_Density(j, i));
+    }
+  }
+  faults.check("the density correction of the flows");
+}
+
+void Set_Start_Values(Database& db, Dialogue& dialogue, Panel& panel) {
+  Answer answer = Answer::no;
+  if (db.Flag_Results != 0) answer = Ask_Results_Initial(dialogue);
+  if (answer == Answer::yes) return;
+  // The question offers Cancel as a way to stop, yet the run goes on: only fans and intakes are
+  // reset.
+  const bool afresh = answer == Answer::no;
+  Set_Initial_Press(db, panel, afresh);
+  Set_Constant_Temp(db, afresh);
+}
+
+// The run itself; faults outside the solver come out as Run_Time_Error.
+Flow_Result Run(Database& db, Dialogue& dialogue, Panel& panel) {
+  Show_Heading(db, panel);
+  Set_Start_Values(db, dialogue, panel);
+  db.Flag_Results = 0;
+  Busy busy(dialogue);
+  const Flow_Result result = Calc_Press_Flow(db, dialogue, panel);
+  busy.end();
+  if (!result.ok()) return result;
+
+  db.Flag_Results = flag_true;
+  dialogue.show(messages::Confirm_Flow());
+  panel.mnuAnalysisComDiagram = true;
+  panel.mnuAnalysisComAnnual = true;
+  panel.Set_Result_State("Flow-Given");
+  Correct_Flows(db);
+  Set_Flow_Sign(db);
+  return result;
+}
+
+}  // namespace
+
+void Set_Initial_Press(Database& db, Panel& panel, bool reset) {
+  const Float_Faults faults;
+  double sum = 0;
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    Fit_Fan_Curve(db, f);
+    Lower_Limit_Flow(db, f);
+    sum += double{db.MFan_Coef(0, f)} * db.MFan_Ratio[f] * db.MFan_Ratio[f];
+  }
+  const double average = db.MFan_Total > 0 ? sum / db.MFan_Total : 0;
+  const double start = -db.Para_InitPress * average;
+  if (reset) {
+    for (int i = 1; i <= db.Node_Total; ++i) db.Node_PressInit[i] = db.Node_Press[i] = start;
+  }
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    const double n = db.MFan_Ratio[f];
+    db.MFan_Press[f] = db.MFan_Coef(0, f) * (db.Para_InitPress + 0.4) * n * n;
+    const int suction = db.MFan_Suction[f];
+    db.Node_PressInit[suction] = db.Node_Press[suction] = -db.MFan_Press[f];
+  }
+  for (int k = 1; k <= db.Inlet_Total; ++k) {
+    db.Node_PressInit[db.Inlet_Node[k]] = db.Node_Press[db.Inlet_Node[k]] = 0;
+  }
+  faults.check("the start pressures");
+  panel.lblTitle[1].set(average, press_picture, "mmH2O");
+  panel.lblTitle[3].set(start, press_picture, "mmH2O");
+  panel.refresh();
+}
+
+void Set_Constant_Temp(Database& db, bool reset) {
+  if (!reset) return;
+  const auto density = static_cast<float>(1.293 / (1 + 0.00366 * db.Para_IntakeTemp));
+  const auto humidity = static_cast<float>(0.01 * db.Para_IntakeHum);
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    db.Node_DBT[i] = db.Node_TempInit[i] = db.Para_IntakeTemp;
+    db.Node_Hum[i] = humidity;
+    db.Node_WBT[i] = db.Para_IntakeWBT;
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      db.Root_Temp(j, i) = db.Root_TempInit(j, i) = db.Para_IntakeTemp;
+      db.Root_Density(j, i) = density;
+      db.Root_Hum(j, i) = humidity;
+    }
+  }
+}
+
+void Set_Flow_Sign(Database& db) {
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      db.Root_FlowSign(j, i) = static_cast<std::int16_t>(Sign(db.Root_Flow(j, i)));
+    }
+  }
+}
+
+bool Change_Switch(Database& db, int i, int slot) {
+  if (db.Root_Resist(slot, i) > fixed_stop) return false;
+  const std::int16_t state = db.Root_Switch(slot, i) == 0 ? 1 : 0;
+  db.Root_Switch(slot, i) = state;
+  const int far = db.Node_Junc(slot, i);
+  if (const int back = Find_Slot(db, far, i)) db.Root_Switch(back, far) = state;
+  return true;
+}
+
+Flow_Result Ana_Flow_Press(Database& db, Dialogue& dialogue, Panel& panel) {
+  std::string name = "Airflow ";
+  std::string detail;
+  try {
+    return Run(db, dialogue, panel);
+  } catch (const Calculation_Fault& fault) {
+    name = fault.name;
+    detail = fault.what();
+  } catch (const Run_Time_Error& fault) {
+    detail = fault.what();
+  }
+  dialogue.show(messages::Calculation_Error(name));
+  dialogue.remark(detail);
+  Flow_Result result;
+  result.fault = detail;
+  return result;
+}
+
+}  // namespace branok
