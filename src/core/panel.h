@@ -80,7 +80,7 @@ class Panel {
   virtual ~Panel() = default;
 
   std::array<Label, 32> lblDisp;
-  std::array<Label, 32> lblTitle;
+  std::array<Label, 40> lblTitle;
   std::array<bool, 32> lblDisp_hidden{};  ///< labels that the present run does not use
   std::array<int, 2> pgbPercent{};
 

@@ -9,27 +9,55 @@ namespace branok {
 namespace {
 
 constexpr double ln10 = 2.302585092994045684;
+constexpr double ln_ice_point = -5.111339998217888;  // ln 0.006028
 constexpr int most_steps = 10000;  // of the wet-bulb search: far beyond any temperature of air
-
-double Power_Of_Ten(double exponent) { return std::exp(exponent * ln10); }
+constexpr int most_tenths = 200;   // of a degree, of the search on the saturation line
 
 [[noreturn]] void No_Wet_Bulb() { throw Run_Time_Error("the wet-bulb temperature has no value"); }
 
+// The saturation line's enthalpy at pressure P.
+double Saturated_Enthalpy(float P, float T) {
+  return Enthalpy(T, Calc_SatHum(P, Calc_SatPress(T)));
+}
+
+// The temperature at tenth k of the search on the saturation line.
+float Tenth(double Ts, int k) { return static_cast<float>(Ts + 0.1 * k); }
+
+// The first k of 1..200 whose enthalpy lies above h; 201 when there is none. Below the boiling
+// point the enthalpy rises with every tenth, so that halving finds the same k as counting does.
+int First_Above(float P, double Ts, double h) {
+  const float last = Tenth(Ts, most_tenths);
+  int k = 1;
+  if (last < 99 && Ts > -200 && Calc_SatPress(last) < P) {
+    for (int end = most_tenths + 1; k < end;) {
+      const int middle = (k + end) / 2;
+      if (Saturated_Enthalpy(P, Tenth(Ts, middle)) > h) {
+        end = middle;
+      } else {
+        k = middle + 1;
+      }
+    }
+    return k;
+  }
+  while (k <= most_tenths && !(Saturated_Enthalpy(P, Tenth(Ts, k)) > h)) ++k;
+  return k;
+}
+
 }  // namespace
 
+// The powers of ten are taken together in one natural exponential; constants carry the ln 10.
 float Calc_SatPress(float T) {
   const auto K = static_cast<float>(T + 273.15);
   if (T < 0) {
     const double t = 273.15 / K;
-    const double exponent = -9.09718 * (t - 1) - 3.56654 * std::log(t) / ln10 +
-                            0.876793 * (1 - K / 273.15) + std::log(0.006028) / ln10;
-    return static_cast<float>(Power_Of_Ten(exponent));
+    return static_cast<float>(std::exp(-9.09718 * ln10 * (t - 1) - 3.56654 * std::log(t) +
+                                       0.876793 * ln10 * (1 - K / 273.15) + ln_ice_point));
   }
   const double t = 373.15 / K;
-  const double exponent = -7.90298 * (t - 1) + 5.02808 * std::log(t) / ln10 -
-                          1.3816e-7 * (Power_Of_Ten(11.344 * (1 - K / 373.15)) - 1) +
-                          0.0081328 * (Power_Of_Ten(-3.49149 * (t - 1)) - 1);
-  return static_cast<float>(Power_Of_Ten(exponent));
+  return static_cast<float>(
+      std::exp(-7.90298 * ln10 * (t - 1) + 5.02808 * std::log(t) -
+               1.3816e-7 * ln10 * (std::exp(11.344 * ln10 * (1 - K / 373.15)) - 1) +
+               0.0081328 * ln10 * (std::exp(-3.49149 * ln10 * (t - 1)) - 1)));
 }
 
 float Calc_SatHum(float P, float ps) {
@@ -40,9 +68,9 @@ float Calc_SatHum(float P, float ps) {
   return x <= 0 ? 1e-7F : x;
 }
 
-float Calc_Density(float T, int Elev) {
-  return static_cast<float>(1.293 / (1 + 0.0037 * T) * std::exp(-Elev / 8620.0));
-}
+float Calc_Density(float T, int Elev) { return Density_At(T, Air_Pressure(Elev)); }
+
+double Air_Pressure(int Elev) { return std::exp(-Elev / 8620.0); }
 
 float Calc_VapPress(float P, float T, float& Tw) {
   if (Tw > T) Tw = T;
@@ -75,7 +103,7 @@ float Calc_WetBulb(float P, float T, float x) {
     p1 = Calc_VapPress(P, T, Tw1);
     if (++steps > most_steps) No_Wet_Bulb();
   }
-  float p2 = Calc_VapPress(P, T, Tw2);
+  const float p2 = Calc_VapPress(P, T, Tw2);
   if (p2 == p1) p1 = 0;
   if (p2 == p1) return Tw2;
   const double w = (double{pv} - p1) / (double{p2} - p1);
@@ -86,17 +114,14 @@ float Calc_SatTemp(float P, float h) {
   const double H = h;
   const double T0 = 0.0005981 * (H * H * H) - 0.05829 * (H * H) + 2.537 * H - 5.233;
   const double Ts = T0 - 8;
-  double h_prev = 0.24 * Ts;
-  for (int k = 1; k <= 200; ++k) {
-    const auto T = static_cast<float>(Ts + 0.1 * k);
-    const double h_k = Enthalpy(T, Calc_SatHum(P, Calc_SatPress(T)));
-    if (h_k > H) {
-      if (h_prev == h_k) break;
-      return static_cast<float>(T - 0.1 + 0.1 * (H - h_prev) / (h_k - h_prev));
-    }
-    h_prev = h_k;
-  }
-  return static_cast<float>(T0);
+  const int k = First_Above(P, Ts, H);
+  if (k > most_tenths) return static_cast<float>(T0);
+  const float T = Tenth(Ts, k);
+  // Before the first tenth the enthalpy is taken without its humidity term.
+  const double h_prev = k == 1 ? 0.24 * Ts : Saturated_Enthalpy(P, Tenth(Ts, k - 1));
+  const double h_k = Saturated_Enthalpy(P, T);
+  if (h_prev == h_k) return static_cast<float>(T0);
+  return static_cast<float>(T - 0.1 + 0.1 * (H - h_prev) / (h_k - h_prev));
 }
 
 float Calc_AbsHum(float P, float T, float phi) {

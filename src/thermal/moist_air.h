@@ -14,20 +14,31 @@ namespace branok {
 float Calc_SatPress(float T);
 
 /// Humidity ratio of air at total pressure P with vapour pressure ps: 1e20 when ps is exactly 1,
-/// 1e-7 when P does not exceed ps.
+/// else 1e-7 when P does not exceed ps.
 float Calc_SatHum(float P, float ps);
 
 /// Density in kg/m3 at temperature T and elevation in whole metres.
 float Calc_Density(float T, int Elev);
 
+/// Pressure in atm at an elevation in whole metres: exp(-z / 8620).
+double Air_Pressure(int Elev);
+
+/// Calc_Density for one who has Air_Pressure at hand.
+inline float Density_At(float T, double pressure) {
+  return static_cast<float>(1.293 / (1 + 0.0037 * T) * pressure);
+}
+
 /// Partial vapour pressure in atm from dry bulb T and wet bulb Tw, by the psychrometer relation.
-/// A wet bulb above T is set to T, in the caller's variable.
+/// A wet bulb above T is set to T, in the caller's variable. Dry air has 0, never less.
 float Calc_VapPress(float P, float T, float& Tw);
 
-/// Wet bulb of air of dry bulb T and humidity ratio x.
+/// Wet bulb of air of dry bulb T and humidity ratio x: steps of one degree down from T, then
+/// linear between the two that enclose it. Raises Run_Time_Error where 10000 steps find none.
 float Calc_WetBulb(float P, float T, float x);
 
-/// Temperature of saturated air of enthalpy h: how condensation is resolved.
+/// Temperature of saturated air of enthalpy h (kcal/kg), linear between tenths of a degree: how
+/// condensation is resolved. Where the line's enthalpy is not met from 8 degrees below to 12 above
+/// the cubic first estimate, that estimate.
 float Calc_SatTemp(float P, float h);
 
 /// Enthalpy of air of temperature T and humidity ratio x, kcal/kg.

@@ -1,0 +1,79 @@
+// The calculation parameters: one table of what the parameter grid shows, what may be entered, and
+// how a parameter is read and set by its name.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/database.h"
+#include "core/pictures.h"
+
+namespace branok {
+
+/// How a parameter comes by its value.
+enum class Entry {
+  typed,    ///< a row of the grid that is edited
+  derived,  ///< a row of the grid that shows a consequence of others
+  listed,   ///< a row of the grid whose value is chosen from the list of seasons
+  no_row,   ///< not in the grid
+};
+
+struct Parameter {
+  std::string_view name;    ///< "Para_FlowTol"
+  std::string_view title;   ///< of its row, with the unit; empty without a row
+  std::string_view column;  ///< as messages name it: "'Annual Ave. Intake Temp.' Column"
+  std::string_view format;  ///< the text of the picture
+  Picture picture;
+  double standard;  ///< default value
+  double low;       ///< least value allowed; -infinity when there is no such bound
+  double high;      ///< greatest value allowed
+  Entry entry;
+  float Database::*real;            ///< where a real parameter is held, or null
+  std::int16_t Database::*integer;  ///< where a whole one is held, or null
+
+  [[nodiscard]] double get(const Database& db) const;
+};
+
+/// The rows of grdPara in their order, then Para_InitPress.
+std::span<const Parameter> Calculation_Parameters();
+
+/// The parameter of this name, or null.
+const Parameter* Find_Parameter(std::string_view name);
+
+/// The value as its row shows it: in its picture, the month by its name.
+std::string Parameter_Text(const Database& db, const Parameter& parameter);
+
+/// The allowed values in words: "0.001 to 100", "at most 0.3".
+std::string Parameter_Range(const Parameter& parameter);
+
+/// Sets a parameter by name from a text; Para_IntakeWBT follows the intake's air. Raises
+/// Run_Time_Error with a text for the user, which names the parameter and its bounds, when there is
+/// no such parameter, when it is derived, or when the text is no number or one out of range;
+/// nothing is changed then.
+void Set_Parameter(Database& db, std::string_view name, std::string_view text);
+
+/// What is wrong with a row of the parameter grid.
+struct Parameter_Fault {
+  int row;           ///< index into Calculation_Parameters
+  std::string text;  ///< names the parameter and its bounds
+};
+
+/// "OK/Fix" of the parameter grid: `texts` are its rows' values in order (the derived row's text is
+/// not read, the month's is its number). Tests every row; when all pass, commits them and derives
+/// Para_IntakeWBT. Else reports the first that does not, and changes nothing.
+std::optional<Parameter_Fault> Fix_Parameters(Database& db, std::span<const std::string> texts);
+
+/// The intake air at the annual average.
+struct Intake_Air {
+  float P = 1;  ///< atm, at the first intake; 1 at or below sea level
+  float x = 0;  ///< humidity ratio, from the vapour pressure
+};
+
+/// Sets Para_IntakeWBT from Para_IntakeTemp and Para_IntakeHum at the first intake's elevation:
+/// relative humidity times saturation pressure is the vapour pressure. Returns the air it used.
+/// Raises Run_Time_Error where there is no wet bulb.
+Intake_Air Derive_Intake_WBT(Database& db);
+
+}  // namespace branok
