@@ -192,7 +192,8 @@ TEST_F(Loaded, TheTemperatureBandIsCutAboveAndFlooredBelow) {
 TEST_F(Loaded, AnImpossibleTemperatureIsAFault) {
   db.Node_DBT[1] = -300;
   EXPECT_THROW(Derive_After_Load(db), Run_Time_Error);
-  db.Node_DBT[1] = 1e30F;
+  db.Node_DBT[1] = 0;
+  db.Root_Temp(1, 1) = 1e30F;  // beyond any temperature band
   EXPECT_THROW(Derive_After_Load(db), Run_Time_Error);
 }
 
