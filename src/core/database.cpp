@@ -82,7 +82,8 @@ void Clear_Airway(Database& db, int i, int slot) {
 }
 
 void Reset_Database(Database& db) {
-  db = Database();
+  static const Database empty;  // copied into the tables that db has: nothing is allocated
+  db = empty;
   Set_Default_Parameters(db);
   Set_File_Presets(db);
 }

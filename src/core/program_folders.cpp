@@ -1,0 +1,59 @@
+// Where the program's own files stand: beside it, or in the user's data folder.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <system_error>
+
+#include "core/settings.h"
+
+namespace branok {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path From_Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? fs::path() : fs::path(value);
+}
+
+bool Holds_Template(const fs::path& folder) {
+  std::error_code absent;
+  return !folder.empty() && fs::exists(folder / "branok-def.cmt", absent);
+}
+
+fs::path User_Data_Folder() {
+  const fs::path data = From_Environment("XDG_DATA_HOME");
+  if (data.is_absolute()) return data / "branok";
+  return From_Environment("HOME") / ".local/share/branok";
+}
+
+fs::path Own_Folder(const fs::path& home, const fs::path& program) {
+  if (!home.empty()) return home;
+  if (::access(program.c_str(), W_OK) == 0) return program;
+  return User_Data_Folder();
+}
+
+}  // namespace
+
+Program_Folders Find_Program_Folders(const fs::path& program) {
+  const fs::path home = From_Environment("BRANOK_HOME");
+  Program_Folders folders{.own = Own_Folder(home, program), .installed = program};
+  for (const fs::path& folder : {home, program, program.parent_path() / "share/branok"}) {
+    if (Holds_Template(folder)) {
+      folders.installed = folder;
+      break;
+    }
+  }
+  std::error_code no_folder;  // a save into it will tell
+  fs::create_directories(folders.own, no_folder);
+  return folders;
+}
+
+fs::path Running_Program_Folder() {
+  std::error_code no_link;
+  const fs::path program = fs::read_symlink("/proc/self/exe", no_link);
+  return no_link ? fs::current_path(no_link) : program.parent_path();
+}
+
+}  // namespace branok

@@ -1,0 +1,95 @@
+#include "fuzz/ver6_property.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <string>
+
+#include "files/text_lines.h"
+#include "files/ver6.h"
+
+namespace branok {
+
+namespace {
+
+[[noreturn]] void Fail(const char* what, const std::string& detail) {
+  std::fprintf(stderr, "%s: %s\n", what, detail.c_str());
+  std::abort();
+}
+
+bool Has_Two_Airways_To_One_Node(const Database& db) {
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 2; j <= db.Node_JuncCount[i]; ++j) {
+      if (Find_Slot(db, i, db.Node_Junc(j, i)) < j) return true;
+    }
+  }
+  return false;
+}
+
+// A date or name that begins with "*" would be a comment in the file; the writer leaves the user's
+// words alone.
+bool Head_Reads_As_Comment(const Database& db) {
+  const std::string_view date = db.Mine_Date;
+  const std::size_t first = date.find_first_not_of("\r \t");
+  return first != std::string_view::npos && Is_Comment(date.substr(first));
+}
+
+// Ten columns hold the digits of the smallest 32-bit integer, but not its sign.
+bool Has_Smallest_Integer(const Database& db) {
+  constexpr auto smallest = std::numeric_limits<std::int32_t>::min();
+  bool found = false;
+  for (const std::int32_t value : {db.GPara_TransEW, db.GPara_TransNS, db.GPara_TransZ,
+                                   db.MaterialColor, db.BackColor}) {
+    found = found || value == smallest;
+  }
+  for (int k = 1; k <= 10; ++k) found = found || db.Cad_Color[k] == smallest;
+  return found;
+}
+
+// Every airway line that a text holds beyond the first text's is a fault: rounds only lose lines.
+std::size_t Data_Lines(std::string_view text) {
+  std::size_t count = 0;
+  Text_Lines lines(text);
+  for (std::string_view line; lines.next(line);) count += line.starts_with('*') ? 0 : 1;
+  return count;
+}
+
+// The next round's text.
+std::string Read_And_Write(const std::string& text) {
+  Database db;
+  Reset_Database(db);
+  Comment_Template comments;
+  const Read_Result result = Read_Ver6_Text(db, text, comments);
+  if (!result.ok) {
+    Fail("a written file cannot be read", std::to_string(result.line) + ": " + result.fault);
+  }
+  return Ver6_Text(db, comments);
+}
+
+}  // namespace
+
+void Check_Ver6(std::string_view bytes) {
+  Database db;
+  Reset_Database(db);
+  Comment_Template comments;
+  if (!Read_Ver6_Text(db, bytes, comments).ok) return;
+  std::string text = Ver6_Text(db, comments);
+  if (Head_Reads_As_Comment(db) || Has_Two_Airways_To_One_Node(db) || Has_Smallest_Integer(db)) {
+    return;
+  }
+
+  // A mine whose airways all lead to nodes in use is the same after one round, but for comments
+  // that move up into a head without comments of its own. Each further round is owed to an airway
+  // line that has lost its far node.
+  constexpr int head_blocks = 4;
+  for (std::size_t rounds = head_blocks + Data_Lines(text); rounds > 0; --rounds) {
+    const std::string next = Read_And_Write(text);
+    if (next == text) return;
+    if (Data_Lines(next) > Data_Lines(text)) Fail("a round adds lines", next);
+    text = next;
+  }
+  Fail("writing and reading never come to rest", text);
+}
+
+}  // namespace branok
