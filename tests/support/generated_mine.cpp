@@ -36,6 +36,11 @@ std::vector<std::pair<int, int>> Lattice(int nodes, int width, double extra, Dic
   return pairs;
 }
 
+// A seam that dips gently, with the steps of a real roadway.
+std::int16_t Seam_Level(int ew, int sn, Dice& dice) {
+  return To_Int16(-150 + 60 * std::sin(ew / 500.0) - 0.05 * sn + dice.number(-3, 3));
+}
+
 void Describe_Airway(Database& db, int i, int j, Dice& dice) {
   const double dz = db.Node_Elev[i] - db.Node_Elev[j];
   const double dx = db.Node_EW[i] - db.Node_EW[j];
@@ -87,7 +92,7 @@ Database Make_Mine(const Mine_Plan& plan) {
     Clear_Node(db, i);
     db.Node_EW[i] = (i - 1) % width * 80 + dice.number(-20, 20);
     db.Node_SN[i] = (i - 1) / width * 80 + dice.number(-20, 20);
-    db.Node_Elev[i] = static_cast<std::int16_t>(plan.hills ? dice.number(-300, 100) : 0);
+    if (plan.hills) db.Node_Elev[i] = Seam_Level(db.Node_EW[i], db.Node_SN[i], dice);
   }
   for (const auto& [i, j] : Lattice(plan.nodes, width, plan.extra, dice)) {
     const double resist = std::exp(dice.between(std::log(0.5), std::log(200.0)));
