@@ -47,11 +47,10 @@ class Sweep {
   Sweep(Database& db, Panel& panel)
       : db_(db),
         panel_(panel),
-        size_(static_cast<std::size_t>(db.Node_Total) + 1),
-        Node_Atm(size_),
-        Node_Abs(size_),
-        Node_Wall(size_),
         order_(db),
+        Node_Atm(order_.Node_State.size()),
+        Node_Abs(Node_Atm.size()),
+        Node_Wall(Node_Atm.size()),
         march_({}) {}
 
   Annual_Sweep run();
@@ -72,11 +71,10 @@ class Sweep {
   Float_Faults faults_;  // of the set-up
   Database& db_;
   Panel& panel_;
-  std::size_t size_;
+  Flow_Order order_;
   std::vector<float> Node_Atm;   // atm
   std::vector<float> Node_Abs;   // humidity ratio
   std::vector<float> Node_Wall;  // flow-weighted wall temperature, deg C
-  Flow_Order order_;
   March march_;
   Clock::time_point start_;
 };
@@ -219,9 +217,9 @@ void Sweep::mix(int i, Mixture& sums, const Float_Faults& faults) {
     x = x_s;
     h = static_cast<float>(Enthalpy(T, x));
   }
-  const auto phi = static_cast<float>(Relative_Humidity(x / x_s, x_s));
+  const float phi = To_Single(Relative_Humidity(x / x_s, x_s));
   const float wet_bulb = Calc_WetBulb(P, T, x);
-  const auto wall = static_cast<float>(sums.wall / sums.Qn);
+  const float wall = To_Single(sums.wall / sums.Qn);
   faults.check("the air of a node");
   db_.Node_DBT[i] = T;
   db_.Node_Hum[i] = phi;

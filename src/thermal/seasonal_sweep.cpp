@@ -63,11 +63,7 @@ struct Sums {
 class Sweep {
  public:
   Sweep(Database& db, Panel& panel, int month)
-      : db_(db),
-        panel_(panel),
-        month_(month),
-        Node_Tau(static_cast<std::size_t>(db.Node_Total) + 1),
-        order_(db) {}
+      : db_(db), panel_(panel), month_(month), order_(db), Node_Tau(order_.Node_State.size()) {}
 
   Season_Sweep run();
 
@@ -86,8 +82,8 @@ class Sweep {
   Database& db_;
   Panel& panel_;
   int month_;
-  std::vector<float> Node_Tau;  // flow-weighted rock exposure of the air, dimensionless
   Flow_Order order_;
+  std::vector<float> Node_Tau;  // flow-weighted rock exposure of the air, dimensionless
   float rho0_ = 0;
   Clock::time_point start_;
 };
@@ -101,7 +97,7 @@ void Sweep::set_up() {
     db_.Trace_Dist[k] = static_cast<std::int16_t>((k - 1) * 500);
   }
   for (int i = 1; i <= db_.Node_Total; ++i) db_.Node_TLeng[i] = 0;
-  const auto T_in = static_cast<float>(Intake_Temperature(db_, month_));
+  const float T_in = To_Single(Intake_Temperature(db_, month_));
   faults_.check("the intake's temperature");
   for (int k = 1; k <= db_.Inlet_Total; ++k) {
     const int n = db_.Inlet_Node[k];
@@ -149,8 +145,8 @@ void Sweep::compute(int i) {
       carry_wave(inflow, i, sums, faults);
     }
   }
-  const auto length = static_cast<float>(sums.L / sums.Q);
-  const auto tau = static_cast<float>(sums.Tau / sums.Q);
+  const float length = To_Single(sums.L / sums.Q);
+  const float tau = To_Single(sums.Tau / sums.Q);
   const float T = To_Single(sums.dT / sums.Q + db_.Node_TempInit[i]);
   faults.check("the wave at a node");
   db_.Node_TLeng[i] = length;
