@@ -77,7 +77,8 @@ void Init_Disp_Annual(Database& db, Panel& panel);
 /// Node_Hum, Root_Temp, Root_Hum, Root_Density, raises Root_Time to 0.1 year, and leaves in
 /// Node_DBT, Node_TempInit, Root_Temp and Root_TempInit 0.4 of the new nodal temperature and 0.6 of
 /// the old (airways too). Flag_Annual is 1 after it, Flag_Season 0. Reports its own failures; then
-/// Flag_Annual is 0 and the tables are half written. Never throws Run_Time_Error.
+/// Flag_Annual is 0 and the tables are half written: with what was computed before, nothing that
+/// the fault has touched. Never throws Run_Time_Error.
 Annual_Sweep Calc_Annual_Temp(Database& db, Dialogue& dialogue, Panel& panel);
 
 /// The annual run. Sets Para_FlowTol to 0.1 m3/min for good, and Para_WetMode from Wet_Tag.

@@ -20,6 +20,7 @@ constexpr Picture two_decimals("##0.00");
 constexpr Picture four_decimals("0.0000");
 constexpr Picture ratio_picture("0.00");
 
+constexpr const char* at_start = "the start of the sweep";
 constexpr double least_inflow = 0.1;  // m3/s, of a node whose temperature counts
 constexpr float least_age = 0.1F;     // years
 
@@ -46,11 +47,10 @@ class Sweep {
   Sweep(Database& db, Panel& panel)
       : db_(db),
         panel_(panel),
-        size_(static_cast<std::size_t>(db.Node_Total) + 1),
-        Node_Atm(size_),
-        Node_Abs(size_),
-        Node_Wall(size_),
         order_(db),
+        Node_Atm(order_.Node_State.size()),
+        Node_Abs(Node_Atm.size()),
+        Node_Wall(Node_Atm.size()),
         march_({}) {}
 
   Annual_Sweep run();
@@ -63,19 +63,18 @@ class Sweep {
   void set_intake(int n, float ps, float phi0);
   void set_densities(int i);
   void compute(int i);
-  Airway_Air march_airway(const Inflow& inflow, int i);
-  float mix(int i, Mixture& sums);
+  Airway_Air march_airway(const Inflow& inflow, int i, const Float_Faults& faults);
+  void mix(int i, Mixture& sums, const Float_Faults& faults);
   void show_node(int i, float h);
   float damp();
 
   Float_Faults faults_;  // of the set-up
   Database& db_;
   Panel& panel_;
-  std::size_t size_;
+  Flow_Order order_;
   std::vector<float> Node_Atm;   // atm
   std::vector<float> Node_Abs;   // humidity ratio
   std::vector<float> Node_Wall;  // flow-weighted wall temperature, deg C
-  Flow_Order order_;
   March march_;
   Clock::time_point start_;
 };
@@ -96,7 +95,7 @@ void Sweep::set_up() {
   const float ps = Calc_SatPress(db_.Para_IntakeTemp);
   for (int k = 1; k <= db_.Inlet_Total; ++k) set_intake(db_.Inlet_Node[k], ps, phi0);
   for (int i = 1; i <= db_.Node_Total; ++i) set_densities(i);
-  faults_.check("the start of the sweep");
+  faults_.check(at_start);
 }
 
 void Sweep::set_node(int i) {
@@ -107,8 +106,10 @@ void Sweep::set_node(int i) {
   const float T = db_.Node_TempInit[i];
   const auto P = static_cast<float>(Air_Pressure(db_.Node_Elev[i]));
   const float x = Calc_AbsHum(P, T, db_.Node_Hum[i]);
+  const float wet_bulb = Calc_WetBulb(P, T, x);
+  faults_.check(at_start);
   db_.Node_DBT[i] = T;
-  db_.Node_WBT[i] = Calc_WetBulb(P, T, x);
+  db_.Node_WBT[i] = wet_bulb;
   Node_Atm[At(i)] = P;
   Node_Abs[At(i)] = x;
   for (int j = 1; j <= db_.Node_JuncCount[i]; ++j) db_.Root_Temp(j, i) = db_.Root_TempInit(j, i);
@@ -120,9 +121,11 @@ void Sweep::set_intake(int n, float ps, float phi0) {
   const float T = db_.Para_IntakeTemp;
   const float x_s = Calc_SatHum(P, ps);
   const auto x = static_cast<float>(x_s * Saturation_Ratio(phi0, x_s));
+  const float wet_bulb = Calc_WetBulb(P, T, x);
+  faults_.check(at_start);
   db_.Node_DBT[n] = Node_Wall[At(n)] = T;
   db_.Node_Hum[n] = phi0;
-  db_.Node_WBT[n] = Calc_WetBulb(P, T, x);
+  db_.Node_WBT[n] = wet_bulb;
   Node_Abs[At(n)] = x;
 }
 
@@ -130,7 +133,9 @@ void Sweep::set_densities(int i) {
   for (int j = 1; j <= db_.Node_JuncCount[i]; ++j) {
     const int u = db_.Node_Junc(j, i);
     const int mean = static_cast<int>(Int(0.5 * (db_.Node_Elev[i] + db_.Node_Elev[u])));
-    db_.Root_Density(j, i) = Calc_Density(db_.Root_Temp(j, i), mean);
+    const float density = Calc_Density(db_.Root_Temp(j, i), mean);
+    faults_.check(at_start);
+    db_.Root_Density(j, i) = density;
   }
 }
 
@@ -160,15 +165,14 @@ void Sweep::compute(int i) {
     if (order_.left_out(inflow)) {
       order_.log_left_out(panel_.lblDisp[7], "   ", ratio_picture);
     } else {
-      sums.add(march_airway(inflow, i));
+      sums.add(march_airway(inflow, i, faults));
     }
   }
-  const float h = mix(i, sums);
-  faults.check("the air of a node");
-  show_node(i, h);
+  mix(i, sums, faults);
 }
 
-Airway_Air Sweep::march_airway(const Inflow& inflow, int i) {
+// Nothing is stored that a fault has touched or that is no number.
+Airway_Air Sweep::march_airway(const Inflow& inflow, int i, const Float_Faults& faults) {
   const int j = inflow.slot;
   const int u = inflow.from;
   const Airway_Air air = march_.run({.T = db_.Node_DBT[u],
@@ -188,7 +192,8 @@ Airway_Air Sweep::march_airway(const Inflow& inflow, int i) {
                                      .wet = db_.Root_Wet(j, i),
                                      .rock_cond = db_.Root_RockCond(j, i),
                                      .kind = db_.Root_Kind(j, i)});
-  db_.Root_Temp(j, i) = air.T_mid;
+  faults.check("the air of an airway");
+  db_.Root_Temp(j, i) = To_Single(air.T_mid);
   db_.Root_Hum(j, i) = air.phi_mid;
   if (inflow.back != 0) {
     db_.Root_Temp(inflow.back, u) = air.T_mid;
@@ -197,15 +202,13 @@ Airway_Air Sweep::march_airway(const Inflow& inflow, int i) {
   return air;
 }
 
-// Mixes the inflows of a node; returns the enthalpy of its air, kcal/kg.
-float Sweep::mix(int i, Mixture& sums) {
+void Sweep::mix(int i, Mixture& sums, const Float_Faults& faults) {
   const float P = Node_Atm[At(i)];
-  Node_Wall[At(i)] = static_cast<float>(sums.wall / sums.Qn);
   // Without any inflow the node stays at 0 deg C and dry; the density only keeps it defined.
   if (sums.M == 0) sums.M = sums.Qn * db_.Root_Density(db_.Node_JuncCount[i], i);
   const double mass = sums.M / sums.Qn * sums.Qn;
   auto x = static_cast<float>(sums.Mx / mass);
-  auto T = static_cast<float>(sums.Mh / mass / Humid_Heat(x));
+  float T = To_Single(sums.Mh / mass / Humid_Heat(x));
   auto h = static_cast<float>(Enthalpy(T, x));
   float x_s = Calc_SatHum(P, Calc_SatPress(T));
   if (x > x_s) {
@@ -214,11 +217,16 @@ float Sweep::mix(int i, Mixture& sums) {
     x = x_s;
     h = static_cast<float>(Enthalpy(T, x));
   }
+  const float phi = To_Single(Relative_Humidity(x / x_s, x_s));
+  const float wet_bulb = Calc_WetBulb(P, T, x);
+  const float wall = To_Single(sums.wall / sums.Qn);
+  faults.check("the air of a node");
   db_.Node_DBT[i] = T;
+  db_.Node_Hum[i] = phi;
+  db_.Node_WBT[i] = wet_bulb;
   Node_Abs[At(i)] = x;
-  db_.Node_Hum[i] = static_cast<float>(Relative_Humidity(x / x_s, x_s));
-  db_.Node_WBT[i] = Calc_WetBulb(P, T, x);
-  return h;
+  Node_Wall[At(i)] = wall;
+  show_node(i, h);
 }
 
 void Sweep::show_node(int i, float h) {

@@ -129,7 +129,7 @@ Airway_Air March::run(const Airway& airway) {
 
     const double x_w = Calc_SatHum(air.P, Calc_SatPress(Ts));
     const double E = segment.evaporation * (x_w - air.x) / (x_w + 1 + air.x);
-    air.x = static_cast<float>(std::max(air.x + E / 3600 / (air.rho * Qs), 0.0));
+    air.x = static_cast<float>(std::max(air.x + E / (air.rho * segment.Q3600), 0.0));
     const double Ht = segment.given + Wall_Heat(segment, air, dT_w, c_) + std::abs(E) * dT_w;
     c_ = static_cast<float>(Humid_Heat(air.x));
 

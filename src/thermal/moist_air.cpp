@@ -60,14 +60,6 @@ float Calc_SatPress(float T) {
                0.0081328 * ln10 * (std::exp(-3.49149 * ln10 * (t - 1)) - 1)));
 }
 
-float Calc_SatHum(float P, float ps) {
-  if (ps == 1.0F) return 1e20F;
-  const double dry = double{P} - ps;
-  if (dry == 0) return 1e-7F;
-  const auto x = static_cast<float>(0.622 * ps / dry);
-  return x <= 0 ? 1e-7F : x;
-}
-
 float Calc_Density(float T, int Elev) { return Density_At(T, Air_Pressure(Elev)); }
 
 double Air_Pressure(int Elev) { return std::exp(-Elev / 8620.0); }

@@ -15,7 +15,13 @@ float Calc_SatPress(float T);
 
 /// Humidity ratio of air at total pressure P with vapour pressure ps: 1e20 when ps is exactly 1,
 /// else 1e-7 when P does not exceed ps.
-float Calc_SatHum(float P, float ps);
+inline float Calc_SatHum(float P, float ps) {
+  if (ps == 1.0F) return 1e20F;
+  const double dry = double{P} - ps;
+  if (dry == 0) return 1e-7F;
+  const auto x = static_cast<float>(0.622 * ps / dry);
+  return x <= 0 ? 1e-7F : x;
+}
 
 /// Density in kg/m3 at temperature T and elevation in whole metres.
 float Calc_Density(float T, int Elev);

@@ -1,6 +1,5 @@
 #include "thermal/rock.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -83,16 +82,7 @@ Wall::Wall(double B, double G, double w, int Para_WetMode)
   wet_part_ = Para_WetMode == 2 ? w : 1;
   a_ = known ? 0.0467 * curve_part_ : 0;
   b_ = known ? G_over_B_ + 1 + 0.436 * curve_part_ : 0;
-}
-
-double Wall::wet(double T, double psi, double Tr) const {
-  const double p = curve_part_;
-  const double c =
-      9.09 * p * (1 - psi) - (0.436 * p * psi + 1) * T - 0.0467 * p * psi * T * T - G_over_B_ * Tr;
-  const double D = std::max(b_ * b_ - 4 * a_ * c, 0.0);
-  const double Ts = (-b_ + std::sqrt(D)) / (2 * a_);
-  if (Ts > Tr + 30) return Tr + 30;
-  return Ts < 0 ? 0 : Ts;
+  half_over_a_ = 0.5 / a_;
 }
 
 }  // namespace branok

@@ -5,7 +5,9 @@
 // leaves the processor's exception flag for the caller's check.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "core/database.h"
 
@@ -45,7 +47,7 @@ class Wall {
  public:
   /// Biot number B, conduction function G, wet fraction w (0.0001..1), and the wet-wall method: 1,
   /// the whole wall evaporates at a reduced rate; 2, the wet part of the wall is fully wet. With
-  /// another method there is no wet surface, and wet() divides by zero.
+  /// another method there is no wet surface: a division by zero.
   Wall(double B, double G, double w, int Para_WetMode);
 
   /// Dry wall beside air of T in rock of Tr.
@@ -54,7 +56,15 @@ class Wall {
   /// Wet wall beside air of T and saturation ratio psi in rock of Tr: the larger root of
   /// a Ts^2 + b Ts + c = 0, from the saturation curve fitted in temperature units as
   /// 9.09 + 0.436 t + 0.0467 t^2. Never above Tr + 30, never below 0.
-  [[nodiscard]] double wet(double T, double psi, double Tr) const;
+  [[nodiscard]] double wet(double T, double psi, double Tr) const {
+    const double p = curve_part_;
+    const double c = 9.09 * p * (1 - psi) - (0.436 * p * psi + 1) * T - 0.0467 * p * psi * T * T -
+                     G_over_B_ * Tr;
+    const double D = std::max(b_ * b_ - 4 * a_ * c, 0.0);
+    const double Ts = (std::sqrt(D) - b_) * half_over_a_;
+    if (Ts > Tr + 30) return Tr + 30;
+    return Ts < 0 ? 0 : Ts;
+  }
 
   /// Mean temperature of the wall.
   [[nodiscard]] double mean(double T_dry, double T_wet) const {
@@ -68,6 +78,7 @@ class Wall {
   double wet_part_;    // of the wet surface in the mean: w or 1
   double a_;
   double b_;
+  double half_over_a_;
 };
 
 }  // namespace branok

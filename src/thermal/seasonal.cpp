@@ -71,7 +71,7 @@ void Run(Database& db, Dialogue& dialogue, Panel& panel, const Flow_Solver& solv
 
 }  // namespace
 
-void Init_Disp_Season(Database& db, Panel& panel) {
+void Init_Disp_Season(const Database& db, Panel& panel) {
   const Float_Faults faults;
   const std::string season(Season(db));
   const double T_in = Intake_Temperature(db, db.Para_Month);

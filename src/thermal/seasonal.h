@@ -53,7 +53,7 @@ double Intake_Temperature(const Database& db, double m);
 
 /// Prepares the panel's fields for a seasonal run. Raises Run_Time_Error when Para_Month is no
 /// season.
-void Init_Disp_Season(Database& db, Panel& panel);
+void Init_Disp_Season(const Database& db, Panel& panel);
 
 /// The sweep for `month` from Node_TempInit, Root_TempInit, Root_Temp, Root_Density and Root_Flow.
 /// Writes Node_DBT, Node_TLeng, Root_Temp, Root_Density, the traces, and raises Root_Time to 0.3

@@ -63,11 +63,7 @@ struct Sums {
 class Sweep {
  public:
   Sweep(Database& db, Panel& panel, int month)
-      : db_(db),
-        panel_(panel),
-        month_(month),
-        Node_Tau(static_cast<std::size_t>(db.Node_Total) + 1),
-        order_(db) {}
+      : db_(db), panel_(panel), month_(month), order_(db), Node_Tau(order_.Node_State.size()) {}
 
   Season_Sweep run();
 
@@ -76,7 +72,7 @@ class Sweep {
 
   void set_up();
   void compute(int i);
-  void carry_wave(const Inflow& inflow, int i, Sums& sums);
+  void carry_wave(const Inflow& inflow, int i, Sums& sums, const Float_Faults& faults);
   void trace(int i, int u, double L_mid, const Wave& wave, double tau_end, float annual);
   void show_node(int i);
   void show_pass();
@@ -86,8 +82,8 @@ class Sweep {
   Database& db_;
   Panel& panel_;
   int month_;
-  std::vector<float> Node_Tau;  // flow-weighted rock exposure of the air, dimensionless
   Flow_Order order_;
+  std::vector<float> Node_Tau;  // flow-weighted rock exposure of the air, dimensionless
   float rho0_ = 0;
   Clock::time_point start_;
 };
@@ -101,7 +97,8 @@ void Sweep::set_up() {
     db_.Trace_Dist[k] = static_cast<std::int16_t>((k - 1) * 500);
   }
   for (int i = 1; i <= db_.Node_Total; ++i) db_.Node_TLeng[i] = 0;
-  const auto T_in = static_cast<float>(Intake_Temperature(db_, month_));
+  const float T_in = To_Single(Intake_Temperature(db_, month_));
+  faults_.check("the intake's temperature");
   for (int k = 1; k <= db_.Inlet_Total; ++k) {
     const int n = db_.Inlet_Node[k];
     order_.set_intake(n);
@@ -145,17 +142,21 @@ void Sweep::compute(int i) {
     if (order_.left_out(inflow, true)) {
       order_.log_left_out(panel_.lblDisp[7], "    ", ratio_picture);
     } else {
-      carry_wave(inflow, i, sums);
+      carry_wave(inflow, i, sums, faults);
     }
   }
-  db_.Node_TLeng[i] = static_cast<float>(sums.L / sums.Q);
-  Node_Tau[At(i)] = static_cast<float>(sums.Tau / sums.Q);
-  db_.Node_DBT[i] = static_cast<float>(sums.dT / sums.Q + db_.Node_TempInit[i]);
+  const float length = To_Single(sums.L / sums.Q);
+  const float tau = To_Single(sums.Tau / sums.Q);
+  const float T = To_Single(sums.dT / sums.Q + db_.Node_TempInit[i]);
   faults.check("the wave at a node");
+  db_.Node_TLeng[i] = length;
+  Node_Tau[At(i)] = tau;
+  db_.Node_DBT[i] = T;
   show_node(i);
 }
 
-void Sweep::carry_wave(const Inflow& inflow, int i, Sums& sums) {
+// Nothing is stored that a fault has touched or that is no number.
+void Sweep::carry_wave(const Inflow& inflow, int i, Sums& sums, const Float_Faults& faults) {
   const int j = inflow.slot;
   const int u = inflow.from;
   const double cond = db_.Root_RockCond(j, i);
@@ -177,15 +178,16 @@ void Sweep::carry_wave(const Inflow& inflow, int i, Sums& sums) {
 
   // From here on the density is that of the temperatures before this month.
   const float rho = Calc_Density(db_.Root_Temp(j, i), db_.Node_Elev[u]);
-  db_.Root_Density(j, i) = rho;
   const double tau_mid = two_pi * cond * 0.5 * length / (rho * 0.24 * Q3600) + tau_u;
-  Raise_Age(db_, j, i, inflow.back, u, least_age);
-
   const float annual = db_.Root_TempInit(j, i);
-  const auto T_mid = static_cast<float>(wave.at(month_, tau_mid) + annual);
+  const float T_mid = To_Single(wave.at(month_, tau_mid) + annual);
+  sums.dT += wave.at(month_, tau_end) * Qs;
+  faults.check("the wave in an airway");
+
+  Raise_Age(db_, j, i, inflow.back, u, least_age);
+  db_.Root_Density(j, i) = rho;
   db_.Root_Temp(j, i) = T_mid;
   if (inflow.back != 0) db_.Root_Temp(inflow.back, u) = T_mid;
-  sums.dT += wave.at(month_, tau_end) * Qs;
   trace(i, u, 0.5 * length + L_u, wave, tau_end, annual);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace branok {
@@ -9,7 +10,7 @@ namespace branok {
 namespace {
 
 struct Row {
-  int field;
+  std::size_t field;
   std::string_view title;
   std::string_view unit;
 };
@@ -17,7 +18,7 @@ struct Row {
 constexpr std::string_view deg_C = "\u00b0C";
 
 void Set_Row(Panel& panel, const Row& row) {
-  const auto title = static_cast<std::size_t>(2 * row.field);
+  const std::size_t title = 2 * row.field;
   panel.lblTitle[title].set(row.title);
   panel.lblTitle[title + 1].set(row.unit);
 }

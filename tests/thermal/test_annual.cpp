@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "core/messages.h"
 #include "flows.h"
 #include "thermal/moist_air.h"
@@ -285,6 +287,21 @@ TEST_F(Annual, NoticesEveryFault) {
   EXPECT_EQ(faulty([](Database& db) { db.Node_TempInit[3] = 3e38F; }), Annual_End::fault);
   EXPECT_EQ(faulty([](Database& db) { db.Para_IntakeTemp = 500; }), Annual_End::fault);
   EXPECT_EQ(faulty([](Database& db) { db.Root_Heat(1, 3) = 3e38F; }), Annual_End::converged);
+}
+
+TEST_F(Annual, StoresNothingThatAFaultHasTouched) {
+  Database db = Line_Mine(4);
+  Set_Both(db, db.Root_Length, 2, 3, 300.0F);
+  Set_Both(db, db.Root_Area, 3, 4, 0.0F);
+  ASSERT_EQ(sweep(db).end, Annual_End::fault);
+  for (int i = 1; i <= 4; ++i) {
+    EXPECT_TRUE(std::isfinite(db.Node_DBT[i]));
+    EXPECT_TRUE(std::isfinite(db.Node_WBT[i]));
+    EXPECT_TRUE(std::isfinite(db.Root_Temp(1, i)));
+  }
+  // What came before the fault stays.
+  EXPECT_GT(db.Node_DBT[3], db.Node_TempInit[3]);
+  EXPECT_EQ(db.Node_DBT[4], db.Node_TempInit[4]);
 }
 
 TEST_F(Annual, PreparesItsFields) {

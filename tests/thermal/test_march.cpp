@@ -35,10 +35,10 @@ constexpr March_Conditions conditions = {
     .rho0 = 1.25F, .rock_temp = 17, .rock_grad = 0.03F, .rock_diff = 0.006F, .wet_mode = 2};
 
 // The march step by step, in plain arithmetic and without anything carried from an airway before.
-struct Told {
+struct Plain_March {
   double T, x, T_mid = 0, phi_mid = 0, rho, T_wall = 0;
 
-  Told(const Airway& a, const March_Conditions& s) : T(a.T), x(a.x) {
+  Plain_March(const Airway& a, const March_Conditions& s) : T(a.T), x(a.x) {
     const double Qs = a.flow * a.density / s.rho0;
     const double Q3600 = 3600 * Qs;
     const double alpha = (3.6 * Qs / a.area + 5.4) * kinds.at(static_cast<std::size_t>(a.kind));
@@ -102,19 +102,19 @@ struct Told {
   }
 };
 
-void Expect_As_Told(const Airway& airway, const March_Conditions& sweep = conditions) {
+void Expect_As_Plain(const Airway& airway, const March_Conditions& sweep = conditions) {
   const Airway_Air air = March(sweep).run(airway);
-  const Told told(airway, sweep);
-  EXPECT_NEAR(air.T, told.T, 2e-4);
-  EXPECT_NEAR(air.x, told.x, 2e-7);
-  EXPECT_NEAR(air.T_mid, told.T_mid, 2e-4);
-  EXPECT_NEAR(air.phi_mid, told.phi_mid, 2e-5);
-  EXPECT_NEAR(air.rho, told.rho, 2e-6);
-  EXPECT_NEAR(air.T_wall, told.T_wall, 2e-4);
+  const Plain_March plain(airway, sweep);
+  EXPECT_NEAR(air.T, plain.T, 2e-4);
+  EXPECT_NEAR(air.x, plain.x, 2e-7);
+  EXPECT_NEAR(air.T_mid, plain.T_mid, 2e-4);
+  EXPECT_NEAR(air.phi_mid, plain.phi_mid, 2e-5);
+  EXPECT_NEAR(air.rho, plain.rho, 2e-6);
+  EXPECT_NEAR(air.T_wall, plain.T_wall, 2e-4);
 }
 
 TEST(March, IsOneSegmentInAShortAirway) {
-  Expect_As_Told(Sample_Airway());
+  Expect_As_Plain(Sample_Airway());
   const Airway_Air air = March(conditions).run(Sample_Airway());
   EXPECT_EQ(air.T, air.T_mid);
   EXPECT_GT(air.T, 14);
@@ -123,7 +123,7 @@ TEST(March, IsOneSegmentInAShortAirway) {
 TEST(March, ShowsTheSecondOfThreeSegments) {
   Airway airway = Sample_Airway();
   airway.length = 35;
-  Expect_As_Told(airway);
+  Expect_As_Plain(airway);
   const Airway_Air air = March(conditions).run(airway);
   EXPECT_NE(air.T, air.T_mid);
 }
@@ -134,7 +134,7 @@ TEST(March, FollowsItsStepsUphillAndDownhill) {
     airway.length = 520;
     airway.to_elev = to;
     airway.heat = 20000;
-    Expect_As_Told(airway);
+    Expect_As_Plain(airway);
   }
 }
 
@@ -143,7 +143,7 @@ TEST(March, FollowsItsStepsInTheOtherWetMethod) {
   airway.length = 300;
   March_Conditions sweep = conditions;
   sweep.wet_mode = 1;
-  Expect_As_Told(airway, sweep);
+  Expect_As_Plain(airway, sweep);
 }
 
 TEST(March, CondensesWhatIsAboveSaturation) {
@@ -154,7 +154,7 @@ TEST(March, CondensesWhatIsAboveSaturation) {
   airway.phi = 0.97F;
   airway.to_elev = 400;
   airway.VRT = 17;
-  Expect_As_Told(airway);
+  Expect_As_Plain(airway);
   const Airway_Air air = March(conditions).run(airway);
   EXPECT_EQ(air.phi_mid, 1);
   EXPECT_LT(air.x, airway.x);
@@ -165,7 +165,7 @@ TEST(March, NeverLeavesAirHotterThanThirtyAboveTheRock) {
   airway.length = 100;
   airway.heat = 1e8F;
   airway.VRT = 20;
-  Expect_As_Told(airway);
+  Expect_As_Plain(airway);
   EXPECT_EQ(March(conditions).run(airway).T, 50);
 }
 
