@@ -189,8 +189,8 @@ TEST_F(Golden_Mine, derived_tables_follow) {
   EXPECT_EQ(db_.Node_Type[1], 1);
   EXPECT_EQ(db_.Node_Type[4], 2);
   EXPECT_EQ(db_.Node_Type[3], 3);
-  EXPECT_EQ(db_.Root_Type(3, 2), 5);   // 40000 murgue
-  EXPECT_EQ(db_.Root_Type(2, 2), 2);   // the assist fan
+  EXPECT_EQ(db_.Root_Type(3, 2), 5);  // 40000 murgue
+  EXPECT_EQ(db_.Root_Type(2, 2), 2);  // the assist fan
   EXPECT_EQ(db_.Root_Type(1, 3), -2);
   EXPECT_EQ(db_.MFan_GridHead(2, 1), "112.5");
   EXPECT_FLOAT_EQ(db_.Root_TempInit(3, 2), 12.75F);
