@@ -62,6 +62,16 @@ TEST_F(Safe_File, keeps_permissions_of_the_old_file) {
             fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
 }
 
+TEST_F(Safe_File, leaves_another_users_file_to_him) {
+  Write_Whole(file_, "old");
+  constexpr uid_t someone = 12345;
+  if (::chown(file_.c_str(), someone, someone) != 0) return;  // only the administrator may do that
+  Write_Whole(file_, "new");
+  struct stat status {};
+  ASSERT_EQ(::stat(file_.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, someone);
+}
+
 TEST_F(Safe_File, gives_a_new_file_what_the_mask_allows) {
   const mode_t mask = ::umask(0027);
   Write_Whole(file_, "new");
