@@ -39,5 +39,14 @@ TEST(Number_fields, need_a_digit) {
   EXPECT_EQ(Parse_Double("+0.25"), 0.25);
 }
 
+TEST(Number_fields, are_shown_in_a_message_without_control_characters) {
+  try {
+    Parse_Double(std::string_view("\0\x1b[2J", 5));
+    FAIL();
+  } catch (const Run_Time_Error& fault) {
+    EXPECT_STREQ(fault.what(), "'??[2J' is not a number");
+  }
+}
+
 }  // namespace
 }  // namespace branok
