@@ -89,9 +89,8 @@ void Reset_Database(Database& db) {
 }
 
 void Reset_For_Read(Database& db) {
-  static const Database empty;
   db.Flag_Cad = db.Flag_Results = db.Flag_Temp = 0;
-  db.Mine_Note = empty.Mine_Note;
+  db.Mine_Note.fill({});
   Clear_Network(db);
   for (int f = 1; f <= db.MFan_Total; ++f) Set_Default_Fan(db, f, 9000);
   Set_Default_Parameters(db);

@@ -13,8 +13,18 @@ namespace {
 
 bool Is_Digit(char c) { return c >= '0' && c <= '9'; }
 
+// A field as a message shows it: its start, on one line, without what a terminal would obey.
+std::string Quoted(std::string_view text) {
+  std::string shown(1, '\'');
+  for (const char c : text.substr(0, 40)) {
+    const bool control = static_cast<unsigned char>(c) < ' ' || c == '\x7f';
+    shown += control ? '?' : c;
+  }
+  return shown += '\'';
+}
+
 [[noreturn]] void No_Number(std::string_view text) {
-  throw Run_Time_Error("'" + std::string(text.substr(0, 40)) + "' is not a number");
+  throw Run_Time_Error(Quoted(text) + " is not a number");
 }
 
 template <class Integer>
@@ -105,8 +115,9 @@ double Parse_Double(std::string_view text) {
   if (const auto plain = Plain_Decimal(number)) return negative ? -*plain : *plain;
   // from_chars would also take "inf", "nan" and a second sign: a number here starts with a digit,
   // or with a point and a digit.
-  const bool starts_well = !number.empty() && (Is_Digit(number[0]) || (number[0] == '.' && number.size() > 1 &&
-                                                                       Is_Digit(number[1])));
+  const bool starts_well =
+      !number.empty() &&
+      (Is_Digit(number[0]) || (number[0] == '.' && number.size() > 1 && Is_Digit(number[1])));
   if (!starts_well) No_Number(trimmed);
 
   const char* const end = number.data() + number.size();
@@ -114,7 +125,7 @@ double Parse_Double(std::string_view text) {
   auto [stop, fault] = std::from_chars(number.data(), end, value);
   if (fault == std::errc::result_out_of_range) {
     if (!Is_Below_One(number)) {
-      throw Run_Time_Error("'" + std::string(trimmed.substr(0, 40)) + "' is too large");
+      throw Run_Time_Error(Quoted(trimmed) + " is too large");
     }
     value = 0;
   } else if (fault != std::errc{}) {

@@ -16,6 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t permission_bits = 07777;
+constexpr auto as_made_user = static_cast<uid_t>(-1);  // what fchown leaves as it is
+constexpr auto as_made_group = static_cast<gid_t>(-1);
 
 [[noreturn]] void Fail(const fs::path& file, int reason) {
   throw Run_Time_Error(file.string() + ": " + std::generic_category().message(reason));
@@ -80,19 +82,32 @@ void Write_All(int descriptor, std::string_view bytes, const fs::path& file) {
   }
 }
 
-// The permissions of the file to be replaced; of a new file those that the user's mask allows.
-mode_t Permissions_For(const fs::path& target) {
+struct Rights {
+  mode_t permissions;
+  uid_t owner;
+  gid_t group;
+};
+
+// Those of the file to be replaced; of a new file what the user's mask allows.
+Rights Rights_For(const fs::path& target) {
   struct stat old {};
   if (::stat(target.c_str(), &old) == 0) {
     if (S_ISDIR(old.st_mode)) Fail(target, EISDIR);
     if (!S_ISREG(old.st_mode)) Fail(target, EINVAL);
     if (::access(target.c_str(), W_OK) != 0) Fail(target, errno);
-    return old.st_mode & permission_bits;
+    return {old.st_mode & permission_bits, old.st_uid, old.st_gid};
   }
   if (errno != ENOENT) Fail(target, errno);
   const mode_t mask = ::umask(0);
   ::umask(mask);
-  return 0666 & ~mask;
+  return {0666 & ~mask, as_made_user, as_made_group};
+}
+
+// Another user's file stays his where the system allows it; its permissions must come out right.
+void Set_Rights(int descriptor, const Rights& rights, const fs::path& file) {
+  const bool given = ::fchown(descriptor, rights.owner, rights.group) == 0;
+  const mode_t safe = given ? rights.permissions : rights.permissions & 0777;
+  if (::fchmod(descriptor, safe) != 0) Fail(file, errno);
 }
 
 // The new name must survive a crash as well. Some file systems cannot sync a folder: no fault.
@@ -131,7 +146,7 @@ std::string Read_Whole(const fs::path& file) {
 
 void Write_Whole(const fs::path& file, std::string_view bytes) {
   const fs::path target = Follow_Links(file);
-  const mode_t permissions = Permissions_For(target);
+  const Rights rights = Rights_For(target);
   const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
 
   std::string name = (folder / ".branok-XXXXXX").string();
@@ -140,7 +155,7 @@ void Write_Whole(const fs::path& file, std::string_view bytes) {
   Temporary temporary(name);
 
   Write_All(opened.number(), bytes, file);
-  if (::fchmod(opened.number(), permissions) != 0) Fail(file, errno);
+  Set_Rights(opened.number(), rights, file);
   if (::fsync(opened.number()) != 0) Fail(file, errno);
   if (!opened.close()) Fail(file, errno);
   if (::rename(name.c_str(), target.c_str()) != 0) Fail(file, errno);

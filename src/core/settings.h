@@ -34,8 +34,8 @@ inline constexpr int recent_rows = 4;
 inline constexpr std::size_t longest_recent = 259;  ///< characters of a recent file name
 
 struct Settings {
-  int top = 0;   ///< of the main window, twips
-  int left = 0;  ///< twips
+  int top = 0;                                       ///< of the main window, twips
+  int left = 0;                                      ///< twips
   std::array<std::string, recent_rows> Recent_File;  ///< newest first; a row may be empty
 
   bool operator==(const Settings&) const = default;
@@ -45,8 +45,8 @@ struct Settings {
 Settings Load_Settings(const std::filesystem::path& ini);
 
 /// Writes the recent files and `end_time` (a date, a blank, a time), and the window's place when
-/// `with_position` (a window that is maximised keeps its old place). Other entries of the file stay.
-/// Raises Run_Time_Error when the file cannot be written.
+/// `with_position` (a window that is maximised keeps its old place). Other entries of the file
+/// stay. Raises Run_Time_Error when the file cannot be written.
 void Save_Settings(const Settings& settings, const std::filesystem::path& ini, bool with_position,
                    std::string_view end_time);
 

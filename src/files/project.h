@@ -1,5 +1,6 @@
 // Opening and saving a project: the data file together with the template of its comments, the
-// check counter and the recent files. What needs a window (which file, which question) stands above.
+// check counter and the recent files. What needs a window (which file, which question) stands
+// above.
 #pragma once
 
 #include <filesystem>

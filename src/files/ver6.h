@@ -14,9 +14,9 @@ namespace branok {
 
 struct Read_Result {
   bool ok = false;
-  int line = 0;           ///< of the fault, from 1; 0 when the file itself could not be read
-  std::string fault;      ///< what was wrong, for a terminal or the status bar; empty when ok
-  bool silent = false;    ///< a failure that shows no message: another version, too many lines
+  int line = 0;         ///< of the fault, from 1; 0 when the file itself could not be read
+  std::string fault;    ///< what was wrong, for a terminal or the status bar; empty when ok
+  bool silent = false;  ///< a failure that shows no message: another version, too many lines
 };
 
 /// Reads a mine from the bytes of a data file. The tables should be empty (Reset_Database); after a

@@ -1,4 +1,5 @@
-// The records of the one-file format: where each field stands. Reader and writer use this one table.
+// The records of the one-file format: where each field stands. Reader and writer use this one
+// table.
 //
 // A field is the rightmost `width` characters of blanks followed by the number in its picture, so a
 // number too wide loses its leading digits. Columns are counted from 1. A text stands last on its

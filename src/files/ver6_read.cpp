@@ -70,9 +70,8 @@ bool Reader::read() {
   Pictures(db_.Inlet_Pict);
   Main_Fans();
   Pictures(db_.MFan_Pict);
-  lines_.rows([&](const Row_Reader& row) {
-    Fan_Coef_Row(row, db_, row.integer(fan_coef::number));
-  });
+  lines_.rows(
+      [&](const Row_Reader& row) { Fan_Coef_Row(row, db_, row.integer(fan_coef::number)); });
   Fan_Points();
   Assist_Fans();
   Pictures(db_.AFan_Pict);
@@ -173,8 +172,7 @@ void Reader::Airway_Pictures() {
 }
 
 void Reader::Intakes() {
-  lines_.rows(
-      [&](const Row_Reader& row) { Inlet_Row(row, db_, row.integer(inlet::number)); });
+  lines_.rows([&](const Row_Reader& row) { Inlet_Row(row, db_, row.integer(inlet::number)); });
 }
 
 void Reader::Main_Fans() {
@@ -215,9 +213,8 @@ void Reader::Thermal_Rows() {
 }
 
 bool Reader::Parameters() {
-  const int count = lines_.fixed_lines(parameter::lines, [&](const Row_Reader& row, int n) {
-    Parameter_Line(row, db_, n);
-  });
+  const int count = lines_.fixed_lines(
+      parameter::lines, [&](const Row_Reader& row, int n) { Parameter_Line(row, db_, n); });
   const int last_month = static_cast<int>(Season_Name.size()) - 1;
   if (db_.Para_Month < 0 || db_.Para_Month > last_month) Outside_Table(db_.Para_Month, last_month);
   if (db_.Wet_Tag == "evaporate") db_.Para_WetMode = 1;

@@ -98,6 +98,7 @@ void Thermal_Row(Row& row, Base& db, int k) {
 /// Line 1..parameter::lines of the calculation parameters.
 template <class Row, class Base>
 void Parameter_Line(Row& row, Base& db, int line) {
+  // clang-format off
   switch (line) {
     case 1: return row.number(parameter::two_decimals, db.Para_FlowTol);
     case 2: return row.number(parameter::two_decimals, db.Para_Accel);
@@ -114,6 +115,7 @@ void Parameter_Line(Row& row, Base& db, int line) {
     case 13: return row.number(parameter::datum, db.Para_DatumElev);
     default: return row.text(parameter::wet_tag, db.Wet_Tag);
   }
+  // clang-format on
 }
 
 /// Fields of one kind side by side.
@@ -132,21 +134,21 @@ void Color_Fields(Row& row, const Field& first, Colors& colors) {
 template <class Row, class Base>
 void Graphic_Line(Row& row, Base& db, int line) {
   using graphic::decimal, graphic::whole;
+  // clang-format off
   switch (line) {
     case 1: return Side_By_Side(row, whole, db.GPara_TransEW, db.GPara_TransNS, db.GPara_TransZ);
     case 2: return Side_By_Side(row, whole, db.GPara_RotEW, db.GPara_RotSN, db.GPara_RotVer);
-    case 3:
-      return Side_By_Side(row, decimal, db.GPara_EWTimes, db.GPara_NSTimes, db.GPara_ElevTimes);
+    case 3: return Side_By_Side(row, decimal, db.GPara_EWTimes, db.GPara_NSTimes, db.GPara_ElevTimes);
     case 4: return row.number(whole, db.GPara_ZoomAngle);
     case 5: return row.number(whole, db.GPara_FarLength);
     case 6: return row.number(whole, db.GPara_DiaTimes);
     case 7: return Color_Fields(row, graphic::color, db.Graph_Color);
-    case 8:
-      return Side_By_Side(row, decimal, db.Cam_TranslateX, db.Cam_TranslateY, db.Cam_TranslateZ);
+    case 8: return Side_By_Side(row, decimal, db.Cam_TranslateX, db.Cam_TranslateY, db.Cam_TranslateZ);
     case 9: return Side_By_Side(row, decimal, db.Cam_RotateX, db.Cam_RotateY, db.Cam_RotateZ);
     case 10: return row.number(decimal, db.Cam_Zoom);
     default: return Side_By_Side(row, whole, db.MaterialColor, db.BackColor);
   }
+  // clang-format on
 }
 
 template <class Row, class Base>

@@ -51,8 +51,10 @@ class Row_Writer {
 
   template <class Number>
   static Picture_Text Shown(const Field& field, Number value) {
-    if constexpr (std::is_integral_v<Number>) return field.picture(std::int64_t{value});
-    else return field.picture(value);
+    if constexpr (std::is_integral_v<Number>)
+      return field.picture(std::int64_t{value});
+    else
+      return field.picture(value);
   }
 
   std::string& out_;

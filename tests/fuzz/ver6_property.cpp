@@ -39,15 +39,15 @@ bool Head_Reads_As_Comment(const Database& db) {
 bool Has_Smallest_Integer(const Database& db) {
   constexpr auto smallest = std::numeric_limits<std::int32_t>::min();
   bool found = false;
-  for (const std::int32_t value : {db.GPara_TransEW, db.GPara_TransNS, db.GPara_TransZ,
-                                   db.MaterialColor, db.BackColor}) {
+  for (const std::int32_t value :
+       {db.GPara_TransEW, db.GPara_TransNS, db.GPara_TransZ, db.MaterialColor, db.BackColor}) {
     found = found || value == smallest;
   }
   for (int k = 1; k <= 10; ++k) found = found || db.Cad_Color[k] == smallest;
   return found;
 }
 
-// Every airway line that a text holds beyond the first text's is a fault: rounds only lose lines.
+// Lines that are no comments and close nothing: rounds only lose them.
 std::size_t Data_Lines(std::string_view text) {
   std::size_t count = 0;
   Text_Lines lines(text);
@@ -57,7 +57,7 @@ std::size_t Data_Lines(std::string_view text) {
 
 // The next round's text.
 std::string Read_And_Write(const std::string& text) {
-  Database db;
+  static Database db;  // made once: a fuzzer comes here millions of times
   Reset_Database(db);
   Comment_Template comments;
   const Read_Result result = Read_Ver6_Text(db, text, comments);
@@ -70,7 +70,7 @@ std::string Read_And_Write(const std::string& text) {
 }  // namespace
 
 void Check_Ver6(std::string_view bytes) {
-  Database db;
+  static Database db;
   Reset_Database(db);
   Comment_Template comments;
   if (!Read_Ver6_Text(db, bytes, comments).ok) return;
