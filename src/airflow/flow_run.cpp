@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "airflow/likely_causes.h"
 #include "core/faults.h"
 #include "core/messages.h"
 #include "core/vocabulary.h"
@@ -84,6 +85,7 @@ Flow_Result Run(Database& db, Dialogue& dialogue, Panel& panel) {
   if (!result.ok()) return result;
 
   db.Flag_Results = flag_true;
+  for (const std::string& missing : Missing_Ends(db)) dialogue.remark(missing);
   dialogue.show(messages::Confirm_Flow());
   panel.mnuAnalysisComDiagram = true;
   panel.mnuAnalysisComAnnual = true;

@@ -29,11 +29,6 @@ bool Is_Held(const Database& db, int node) {
 // A far node that is a node at all: tables that failed may name none.
 bool Exists(const Database& db, int node) { return node >= 1 && node <= db.Node_Total; }
 
-void See_Missing_Ends(const Database& db, std::vector<std::string>& causes) {
-  if (db.MFan_Total == 0) causes.emplace_back("The mine has no main fan.");
-  if (db.Inlet_Total == 0) causes.emplace_back("The mine has no intake.");
-}
-
 void See_Bad_Resistances(const Database& db, std::vector<std::string>& causes) {
   for (int i = 1; i <= db.Node_Total; ++i) {
     for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
@@ -123,10 +118,16 @@ void See_Fan_States(const Database& db, std::vector<std::string>& causes) {
 
 }  // namespace
 
+std::vector<std::string> Missing_Ends(const Database& db) {
+  std::vector<std::string> missing;
+  if (db.MFan_Total == 0) missing.emplace_back("The mine has no main fan.");
+  if (db.Inlet_Total == 0) missing.emplace_back("The mine has no intake.");
+  return missing;
+}
+
 std::vector<std::string> Likely_Causes(const Database& db) {
-  std::vector<std::string> causes;
+  std::vector<std::string> causes = Missing_Ends(db);
   try {
-    See_Missing_Ends(db, causes);
     See_Bad_Resistances(db, causes);
     See_Last_Node(db, causes);
     See_Unreached_Nodes(db, causes);

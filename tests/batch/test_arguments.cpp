@@ -1,0 +1,65 @@
+#include "batch/arguments.h"
+
+#include <gtest/gtest.h>
+
+namespace branok {
+namespace {
+
+TEST(Arguments, StepsAreKeptInTheirOrder) {
+  const Arguments a = Parse_Arguments({"--quiet", "mine.abk", "--flow", "--set", "Para_Month=7",
+                                       "--season", "12", "--switch", "3-14", "--save", "x.abk"});
+  EXPECT_EQ(a.mine, "mine.abk");
+  EXPECT_EQ(a.progress, Progress::quiet);
+  ASSERT_EQ(a.steps.size(), 5U);
+  EXPECT_EQ(a.steps[0].kind, Step_Kind::flow);
+  EXPECT_EQ(a.steps[1].kind, Step_Kind::set);
+  EXPECT_EQ(a.steps[1].name, "Para_Month");
+  EXPECT_EQ(a.steps[1].text, "7");
+  EXPECT_EQ(a.steps[2].month, 12);
+  EXPECT_EQ(a.steps[3].node1, 3);
+  EXPECT_EQ(a.steps[3].node2, 14);
+  EXPECT_EQ(a.steps[4].text, "x.abk");
+}
+
+TEST(Arguments, HelpAndVersionNeedNoMine) {
+  EXPECT_TRUE(Parse_Arguments({"--help"}).help);
+  EXPECT_TRUE(Parse_Arguments({"--version"}).version);
+}
+
+TEST(Arguments, HelpNamesEveryOption) {
+  for (const char* option :
+       {"--flow ", "--flow-from-results", "--annual", "--season MONTH", "--season-temperature MONTH",
+        "--wet area|evaporate", "--set NAME=VALUE", "--constant-temperature", "--switch I-J",
+        "--save FILE.abk", "--csv FOLDER", "--table", "--quiet", "--trace", "--version"}) {
+    EXPECT_NE(Usage().find(option), std::string_view::npos) << option;
+  }
+}
+
+TEST(Arguments, WrongUsageIsTold) {
+  const std::vector<std::vector<std::string>> wrong = {
+      {},
+      {"--flow"},
+      {"a.abk", "b.abk"},
+      {"a.abk", "--unknown"},
+      {"a.abk", "--season"},
+      {"a.abk", "--season", "13"},
+      {"a.abk", "--season", "-1"},
+      {"a.abk", "--season", "7x"},
+      {"a.abk", "--season", ""},
+      {"a.abk", "--wet", "dry"},
+      {"a.abk", "--set", "Para_Month"},
+      {"a.abk", "--set", "Para_Unknown=1"},
+      {"a.abk", "--set", "Para_IntakeTemp=46"},
+      {"a.abk", "--set", "Para_IntakeTemp=warm"},
+      {"a.abk", "--switch", "12"},
+      {"a.abk", "--switch", "0-5"},
+      {"a.abk", "--switch", "1-551"},
+      {"a.abk", "--save", ""},
+  };
+  for (const auto& words : wrong) {
+    EXPECT_THROW(Parse_Arguments(words), Wrong_Usage) << (words.empty() ? "" : words.back());
+  }
+}
+
+}  // namespace
+}  // namespace branok

@@ -1,0 +1,290 @@
+// branok-batch as a user meets it: exit codes, what is printed where, what is written.
+#include "batch/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "core/safe_file.h"
+#include "core/database.h"
+#include "files/ver6.h"
+#include "support/generated_mine.h"
+#include "support/temporary_folder.h"
+
+namespace branok {
+namespace {
+
+const std::string mine_a = BRANOK_TEST_DATA "/DATA/mine-a.abk";
+
+struct Outcome {
+  Exit exit;
+  std::string out;
+  std::string err;
+};
+
+Outcome Batch(const std::vector<std::string>& words) {
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  const Exit exit = Run_Batch(words);
+  std::fflush(stdout);
+  std::fflush(stderr);
+  Outcome outcome{exit, testing::internal::GetCapturedStdout(), {}};
+  outcome.err = testing::internal::GetCapturedStderr();
+  return outcome;
+}
+
+bool Has(const std::string& text, std::string_view part) {
+  return text.find(part) != std::string::npos;
+}
+
+class Batch_Program : public testing::Test {
+ protected:
+  // The mine written to a file of its own.
+  std::string file_of(const Database& db, const std::string& name = "mine.abk") {
+    const auto path = folder.path() / name;
+    Write_Whole(path, Ver6_Text(db, {}));
+    return path.string();
+  }
+  Temporary_Folder folder;
+};
+
+TEST_F(Batch_Program, HelpAndVersion) {
+  const Outcome help = Batch({"--help"});
+  EXPECT_EQ(help.exit, Exit::done);
+  EXPECT_TRUE(Has(help.out, "Usage: branok-batch MINE STEP..."));
+  EXPECT_EQ(Batch({"--version"}).out, "branok-batch 6.0.0\n");
+}
+
+TEST_F(Batch_Program, WithoutStepsTellsWhatTheMineHolds) {
+  const Outcome o = Batch({mine_a});
+  EXPECT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.out, "Mine A"));
+  EXPECT_TRUE(Has(o.out, "38, 46"));
+  EXPECT_TRUE(Has(o.out, "none"));
+}
+
+TEST_F(Batch_Program, WrongUsage) {
+  const Outcome o = Batch({mine_a, "--season", "13"});
+  EXPECT_EQ(o.exit, Exit::wrong_usage);
+  EXPECT_TRUE(Has(o.err, "0 to 12"));
+  EXPECT_EQ(o.out, "");
+}
+
+TEST_F(Batch_Program, FlowSummary) {
+  const Outcome o = Batch({mine_a, "--flow"});
+  EXPECT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.out, "Flow analysis: converged"));
+  EXPECT_TRUE(Has(o.out, "main fan #1"));
+  EXPECT_TRUE(Has(o.out, "intake flow in all"));
+  EXPECT_TRUE(Has(o.err, "After confirmation, push button !"));
+}
+
+TEST_F(Batch_Program, AllRunsInOneCommand) {
+  const Outcome o = Batch({mine_a, "--flow", "--annual", "--season", "7"});
+  EXPECT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.out, "Annual temperature and flow: converged"));
+  EXPECT_TRUE(Has(o.out, "Seasonal temperature, mid Summer: complete"));
+  EXPECT_TRUE(Has(o.out, "temperature range"));
+  EXPECT_TRUE(Has(o.out, "recirculated nodes"));
+  EXPECT_TRUE(Has(o.err, "Recommendation: Save Annual calculation results,"));
+  EXPECT_TRUE(Has(o.err, "Calculate Press. & Flow for Monthly Temp. ?\n-> Yes"));
+}
+
+TEST_F(Batch_Program, SeasonWithoutFlowAnswersNo) {
+  const Outcome o = Batch({mine_a, "--flow", "--annual", "--season-temperature", "1"});
+  EXPECT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.err, "Calculate Press. & Flow for Monthly Temp. ?\n-> No"));
+}
+
+TEST_F(Batch_Program, FlowFromResultsAnswersYes) {
+  const Outcome o = Batch({mine_a, "--flow", "--flow-from-results"});
+  EXPECT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.err, "do not analyze pressure.\n-> Yes"));
+  EXPECT_TRUE(Has(Batch({mine_a, "--flow", "--flow"}).err, "do not analyze pressure.\n-> No"));
+}
+
+TEST_F(Batch_Program, SeasonBeforeAnnualFails) {
+  const Outcome o = Batch({mine_a, "--flow", "--season", "7"});
+  EXPECT_EQ(o.exit, Exit::run_failed);
+  EXPECT_TRUE(Has(o.err, "Seasonal Temp. can be calculated after calculation of Annual Flow"));
+}
+
+TEST_F(Batch_Program, AnnualBeforeFlowFails) {
+  const Outcome o = Batch({mine_a, "--annual"});
+  EXPECT_EQ(o.exit, Exit::run_failed);
+  EXPECT_TRUE(Has(o.err, "needs flow results"));
+}
+
+TEST_F(Batch_Program, AFailedRunEndsTheSteps) {
+  Database db = Make_Mine({.nodes = 20});
+  Set_Both(db, db.Root_Resist, 1, 2, 0.0F);
+  const auto saved = folder.path() / "saved.abk";
+  const Outcome o = Batch({file_of(db), "--flow", "--save", saved.string()});
+  EXPECT_EQ(o.exit, Exit::run_failed);
+  EXPECT_TRUE(Has(o.err, "Calculation Error about Nodal Pressure occurred, please check data !"));
+  EXPECT_TRUE(Has(o.err, "Airway 1-2 has no resistance"));
+  EXPECT_TRUE(Has(o.out, "Flow analysis: failed"));
+  EXPECT_FALSE(std::filesystem::exists(saved));
+}
+
+TEST_F(Batch_Program, AMineWithoutFansOrIntakesSaysSo) {
+  Database db = Make_Mine({.nodes = 20});
+  db.MFan_Total = 0;
+  const Outcome no_fan = Batch({file_of(db), "--flow"});
+  EXPECT_TRUE(Has(no_fan.err, "no main fan"));
+  db = Make_Mine({.nodes = 20});
+  db.Inlet_Total = 0;
+  const Outcome no_inlet = Batch({file_of(db), "--flow"});
+  EXPECT_TRUE(Has(no_inlet.err, "no intake"));
+}
+
+TEST_F(Batch_Program, SavedResultsComeBack) {
+  const std::string saved = (folder.path() / "saved.abk").string();
+  ASSERT_EQ(Batch({mine_a, "--flow", "--annual", "--save", saved}).exit, Exit::done);
+  const Outcome o = Batch({saved});
+  EXPECT_TRUE(Has(o.out, "annual"));
+  // A season starts straight from the saved annual results.
+  EXPECT_EQ(Batch({saved, "--season", "7"}).exit, Exit::done);
+  // A second save is the same to the byte.
+  const std::string again = (folder.path() / "again.abk").string();
+  ASSERT_EQ(Batch({saved, "--save", again}).exit, Exit::done);
+  EXPECT_EQ(Read_Whole(saved), Read_Whole(again));
+}
+
+TEST_F(Batch_Program, CommentsOfTheMineGoBackIntoItsSave) {
+  std::string text = Read_Whole(mine_a);
+  const std::string mark = "* a remark for the reader\r\n";
+  text.insert(text.find("\r\n") + 2, mark);
+  const auto file = folder.path() / "remarked.abk";
+  Write_Whole(file, text);
+  ASSERT_EQ(Batch({file.string(), "--save", file.string()}).exit, Exit::done);
+  EXPECT_EQ(Read_Whole(file), text);
+}
+
+TEST_F(Batch_Program, NothingIsWrittenUnasked) {
+  const std::string file = file_of(Make_Mine({.nodes = 20}));
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  EXPECT_EQ(Batch({file, "--flow", "--annual", "--season", "1"}).exit, Exit::done);
+  std::filesystem::current_path(before);
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+    ++files;
+    EXPECT_EQ(entry.path().filename(), "mine.abk");
+  }
+  EXPECT_EQ(files, 1);
+}
+
+TEST_F(Batch_Program, CsvHasTheColumnsOfTheResultGrids) {
+  const auto csv = folder.path() / "made" / "here";
+  ASSERT_EQ(Batch({mine_a, "--flow", "--csv", csv.string()}).exit, Exit::done);
+  const std::string nodes = Read_Whole(csv / "nodes.csv");
+  EXPECT_EQ(nodes.substr(0, nodes.find('\n')),
+            "Nodal No.,Pressure (mmAq),DBT (deg C),Hum. (%),WBT (deg C),T.Leng. (m),"
+            "Elevation (m),E-W (m),S-N (m)");
+  EXPECT_EQ(std::count(nodes.begin(), nodes.end(), '\n'), 39);
+  const std::string airways = Read_Whole(csv / "airways.csv");
+  EXPECT_EQ(airways.substr(0, airways.find('\n')),
+            "Airway i -> j,Flow Rate (m3/min),Velo. (m/sec),Temp. (deg C),Hum. (%),"
+            "Lev. Diff. (m),NVP (mmAq),Switch Airway,Comm.");
+  EXPECT_EQ(std::count(airways.begin(), airways.end(), '\n'), 93);
+  EXPECT_TRUE(Has(airways, "\n1 ->   3,"));
+  EXPECT_TRUE(Has(airways, "\n3 <-   1,-"));
+}
+
+TEST_F(Batch_Program, CsvQuotesComments) {
+  Database db = Make_Mine({.nodes = 10});
+  Set_Both(db, db.Root_Comm, 1, 2, std::string("a \"b\", c \xe4"));
+  ASSERT_EQ(Batch({file_of(db), "--csv", folder.path().string()}).exit, Exit::done);
+  EXPECT_TRUE(Has(Read_Whole(folder.path() / "airways.csv"), "\"a \"\"b\"\", c \u00e4\""));
+}
+
+TEST_F(Batch_Program, SwitchClosesAndOpens) {
+  const Outcome o = Batch({mine_a, "--switch", "4-3", "--switch", "3-4", "--switch", "8-18"});
+  EXPECT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.out, "Switch 4-3: closed\nSwitch 3-4: open\n"));
+  EXPECT_EQ(Batch({mine_a, "--switch", "1-38"}).exit, Exit::run_failed);
+}
+
+TEST_F(Batch_Program, ASwitchReducesTheFlow) {
+  const auto csv = folder.path().string();
+  ASSERT_EQ(Batch({mine_a, "--switch", "4-3", "--flow", "--csv", csv}).exit, Exit::done);
+  EXPECT_TRUE(Has(Read_Whole(folder.path() / "airways.csv"), ",Close,"));
+}
+
+TEST_F(Batch_Program, SettingsApplyToWhatFollows) {
+  const Outcome cold = Batch({mine_a, "--flow", "--set", "Para_IntakeTemp=-10", "--annual"});
+  const Outcome warm = Batch({mine_a, "--flow", "--set", "Para_IntakeTemp=30", "--annual"});
+  EXPECT_EQ(cold.exit, Exit::done);
+  EXPECT_EQ(warm.exit, Exit::done);
+  EXPECT_NE(cold.out, warm.out);
+  const Outcome area = Batch({mine_a, "--flow", "--wet", "area", "--annual"});
+  const Outcome evaporate = Batch({mine_a, "--flow", "--wet", "evaporate", "--annual"});
+  EXPECT_NE(area.out, evaporate.out);
+}
+
+TEST_F(Batch_Program, TraceHasALineForEachPassAndSweep) {
+  const Outcome o = Batch({mine_a, "--trace", "--flow", "--annual"});
+  EXPECT_TRUE(Has(o.err, "pass 1  largest imbalance "));
+  EXPECT_TRUE(Has(o.err, "sweep 1  passes "));
+  const Outcome quiet = Batch({mine_a, "--quiet", "--flow"});
+  EXPECT_FALSE(Has(quiet.err, "pass 1"));
+  EXPECT_TRUE(Has(quiet.err, "After confirmation"));
+}
+
+TEST_F(Batch_Program, TablesArePrinted) {
+  const Outcome o = Batch({mine_a, "--flow", "--table"});
+  EXPECT_TRUE(Has(o.out, "Pressure"));
+  EXPECT_TRUE(Has(o.out, "  1 ->   3"));
+}
+
+class Bad_File : public Batch_Program {};
+
+TEST_F(Bad_File, EachGivesExitThreeAndIsLeftAlone) {
+  const auto path = [this](const char* name) { return (folder.path() / name).string(); };
+  const std::string good = Read_Whole(mine_a);
+  std::string month = good;
+  month.replace(month.find("        10\r\n"), 10, "        13");
+  std::string nan = good;
+  nan.replace(nan.find("       0.979"), 12, "         nan");
+  std::string huge = good;
+  huge.replace(huge.find("       0.979"), 12, "        1e39");
+  std::string number = good;
+  number.replace(number.find("     1    1466"), 6, "   999");
+  const std::vector<std::pair<std::string, std::string>> files = {
+      {path("empty.abk"), ""},
+      {path("wrong.abk"), "\x7f" "ELF\x01\x02\n\0x"},
+      {path("old.abk"), "BRANOK Data File Version 5\r\n"},
+      {path("nan.abk"), nan},
+      {path("huge.abk"), huge},
+      {path("number.abk"), number},
+  };
+  for (const auto& [name, bytes] : files) {
+    Write_Whole(name, bytes);
+    const Outcome o = Batch({name, "--flow", "--save", name});
+    EXPECT_EQ(o.exit, Exit::file_failed) << name;
+    EXPECT_TRUE(Has(o.err, name)) << o.err;
+    EXPECT_EQ(Read_Whole(name), bytes);
+  }
+  EXPECT_TRUE(Has(Batch({path("nan.abk")}).err, "Sorry, failed Read Ver.6 Data File command."));
+  EXPECT_TRUE(Has(Batch({path("nan.abk")}).err, "line 49")) << Batch({path("nan.abk")}).err;
+  EXPECT_FALSE(Has(Batch({path("old.abk")}).err, "Sorry"));
+}
+
+TEST_F(Bad_File, MissingFoldersAndUnreadable) {
+  EXPECT_EQ(Batch({(folder.path() / "none.abk").string()}).exit, Exit::file_failed);
+  EXPECT_EQ(Batch({folder.path().string()}).exit, Exit::file_failed);
+}
+
+TEST_F(Bad_File, OutputThatCannotBeWritten) {
+  const auto file = folder.path() / "file";
+  Write_Whole(file, "x");
+  EXPECT_EQ(Batch({mine_a, "--csv", (file / "below").string()}).exit, Exit::file_failed);
+  const Outcome o = Batch({mine_a, "--save", (folder.path() / "no" / "mine.abk").string()});
+  EXPECT_EQ(o.exit, Exit::file_failed);
+  EXPECT_TRUE(Has(o.err, "Sorry, failed Save Ver.6 Data File command."));
+}
+
+}  // namespace
+}  // namespace branok
