@@ -33,8 +33,7 @@ void Set_Natural_Heads(Database& db, Branches& branches) {
     branches.nat_head[b] = static_cast<float>((outside * e - density) * dz);
     branches.head[b] = branches.nat_head[b];
     // A closed airway stays in the network behind 10 mmH2O per (m3/s)2 more.
-    branches.r[b] =
-        static_cast<float>(db.Root_Resist(j, i) * 0.001 + 10.0 * db.Root_Switch(j, i));
+    branches.r[b] = static_cast<float>(db.Root_Resist(j, i) * 0.001 + 10.0 * db.Root_Switch(j, i));
   }
 }
 

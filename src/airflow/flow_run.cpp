@@ -54,8 +54,7 @@ void Correct_Flows(Database& db) {
     for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
       const double mean = (db.Node_Elev[i] + db.Node_Elev[db.Node_Junc(j, i)]) / 2.0;
       const double e = std::exp(-mean / 8620);
-      db.Root_Density(j, i) =
-          static_cast<float>(1.293 / (1 + 0.0037 * db.Root_Temp(j, i)) * e);
+      db.Root_Density(j, i) = static_cast<float>(1.293 / (1 + 0.0037 * db.Root_Temp(j, i)) * e);
       db.Root_Flow(j, i) =
           static_cast<float>(outside * e * db.Root_Flow(j, i) / db.Root_Density(j, i));
     }

@@ -49,7 +49,8 @@ void See_Last_Node(const Database& db, std::vector<std::string>& causes) {
     const int far = db.Node_Junc(j, last);
     if (!Is_Held(db, far)) continue;
     causes.push_back("Node " + No(last) + ", the highest number, is a free neighbour of node " +
-                     No(far) + ", an intake or main-fan suction node: an unused higher number, or "
+                     No(far) +
+                     ", an intake or main-fan suction node: an unused higher number, or "
                      "renumbering the nodes, cures it.");
     return;
   }
@@ -87,7 +88,8 @@ void See_Joined_Fans(const Database& db, std::vector<std::string>& causes) {
     if (s != db.MFan_Discharge[f]) continue;
     for (int j = 1; j <= db.Node_JuncCount[s]; ++j) {
       if (db.Root_Resist(j, s) >= almost_nothing) continue;
-      causes.push_back("Main fan #" + No(f) + ", one of several surface fans, stands behind airway " +
+      causes.push_back("Main fan #" + No(f) +
+                       ", one of several surface fans, stands behind airway " +
                        Airway(s, db.Node_Junc(j, s)) + " of almost no resistance.");
       break;
     }

@@ -41,9 +41,9 @@ double Main_Fans::drawn_flow(const Fan& fan, const Branches& branches,
        b < static_cast<std::size_t>(branches.first[s + 1]); ++b) {
     const int far = branches.far[b];
     if (far == fan.discharge) continue;
-    const double h = static_cast<double>(static_cast<float>(
-                         press[s] - press[static_cast<std::size_t>(far)])) +
-                     branches.head[b];
+    const double h =
+        static_cast<double>(static_cast<float>(press[s] - press[static_cast<std::size_t>(far)])) +
+        branches.head[b];
     sum += Sign(h) * std::sqrt(std::max(std::abs(h), 1e-10) / branches.r[b]);
   }
   return std::abs(sum);
@@ -57,8 +57,7 @@ float Main_Fans::newton_flow(const Fan& fan, double drawn, float clamped, double
   const double F = std::abs(fan_press);
   const double x = F / (Q * Q);
   const double g = head(fan, Q) - F;
-  const double slope =
-      3 * Q * Q * fan.c3 / fan.n + 2 * Q * fan.c2 + fan.c1 * fan.n - 2 * x * Q;
+  const double slope = 3 * Q * Q * fan.c3 / fan.n + 2 * Q * fan.c2 + fan.c1 * fan.n - 2 * x * Q;
   double delta = g / slope;
   if (std::abs(delta) > 0.05 * Q) delta = Sign(delta) * 0.05 * Q;
   return static_cast<float>(drawn - delta);

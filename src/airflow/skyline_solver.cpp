@@ -15,7 +15,7 @@ namespace branok {
 
 namespace {
 
-constexpr float divergence = 1e7F;  // m3/min
+constexpr float divergence = 1e7F;    // m3/min
 constexpr float least_head = 1e-10F;  // mmH2O: keeps the conductance of a branch at rest finite
 
 constexpr Picture pass_picture("##0");
@@ -61,12 +61,12 @@ class Solution {
   Skyline_Matrix matrix_;
   Main_Fans fans_;
   std::vector<int> held_;
-  std::vector<char> free_;         // by node: has a balance equation in the matrix
-  std::vector<int> entry_;         // by branch: where -Root_G goes in Sky_A, -1 nowhere
-  std::vector<double> press_;      // Node_Press
-  std::vector<double> init_;       // Node_PressInit
-  std::vector<double> head_now_;   // by branch: pressure difference and head, mmH2O
-  std::vector<float> imbal_;       // Node_Imbal, m3/s
+  std::vector<char> free_;        // by node: has a balance equation in the matrix
+  std::vector<int> entry_;        // by branch: where -Root_G goes in Sky_A, -1 nowhere
+  std::vector<double> press_;     // Node_Press
+  std::vector<double> init_;      // Node_PressInit
+  std::vector<double> head_now_;  // by branch: pressure difference and head, mmH2O
+  std::vector<float> imbal_;      // Node_Imbal, m3/s
   // What the last whole pass left, for a run that ends in a fault.
   std::vector<double> kept_press_, kept_init_;
   std::vector<float> kept_flow_;
@@ -298,10 +298,13 @@ Flow_Result Solve(Database& db, Panel& panel) {
 
 Message Message_Of(Flow_End end) {
   switch (end) {
-    case Flow_End::too_many_passes: return messages::Too_Many_Passes();
-    case Flow_End::diverged: return messages::Divergence();
+    case Flow_End::too_many_passes:
+      return messages::Too_Many_Passes();
+    case Flow_End::diverged:
+      return messages::Divergence();
     case Flow_End::converged:
-    case Flow_End::fault: break;
+    case Flow_End::fault:
+      break;
   }
   return messages::Calculation_Error("Nodal Pressure");
 }

@@ -34,15 +34,15 @@ enum class Flow_End {
 /// What a flow solution came to.
 struct Flow_Result {
   Flow_End end = Flow_End::fault;
-  std::string fault;       ///< detail of a run-time fault
-  int passes = 0;          ///< Iter_No at the end
-  float imbalance = 0;     ///< largest nodal imbalance of the last pass, m3/min
-  int node = 0;            ///< the lowest-numbered node that has it
+  std::string fault;    ///< detail of a run-time fault
+  int passes = 0;       ///< Iter_No at the end
+  float imbalance = 0;  ///< largest nodal imbalance of the last pass, m3/min
+  int node = 0;         ///< the lowest-numbered node that has it
   int fans = 0;
-  std::array<double, max_main_fans + 1> fan_press{};  ///< mmH2O, by fan number
-  std::array<float, max_main_fans + 1> fan_flow{};    ///< m3/s, by fan number
-  std::array<float, max_passes + 2> pass_imbalance{}; ///< m3/min, by pass number
-  std::vector<std::string> likely_causes;             ///< of a failure, as far as the network shows
+  std::array<double, max_main_fans + 1> fan_press{};   ///< mmH2O, by fan number
+  std::array<float, max_main_fans + 1> fan_flow{};     ///< m3/s, by fan number
+  std::array<float, max_passes + 2> pass_imbalance{};  ///< m3/min, by pass number
+  std::vector<std::string> likely_causes;  ///< of a failure, as far as the network shows
 
   [[nodiscard]] bool ok() const { return end == Flow_End::converged; }
 };

@@ -79,8 +79,8 @@ void Read_Airway(Step& step) {
   const std::optional<int> j =
       dash == std::string::npos ? std::nullopt : Whole_Number(text.substr(dash + 1));
   if (!i || !j || *i < 1 || *j < 1 || *i > max_nodes || *j > max_nodes) {
-    throw Wrong_Usage("--switch takes the two node numbers of an airway as I-J, not '" +
-                      step.text + "'");
+    throw Wrong_Usage("--switch takes the two node numbers of an airway as I-J, not '" + step.text +
+                      "'");
   }
   step.node1 = *i;
   step.node2 = *j;
@@ -89,11 +89,16 @@ void Read_Airway(Step& step) {
 void Read_Value(Step& step) {
   switch (step.kind) {
     case Step_Kind::season:
-    case Step_Kind::season_temperature: return Read_Month(step);
-    case Step_Kind::wet: return Read_Wet(step);
-    case Step_Kind::set: return Read_Setting(step);
-    case Step_Kind::switch_airway: return Read_Airway(step);
-    default: break;
+    case Step_Kind::season_temperature:
+      return Read_Month(step);
+    case Step_Kind::wet:
+      return Read_Wet(step);
+    case Step_Kind::set:
+      return Read_Setting(step);
+    case Step_Kind::switch_airway:
+      return Read_Airway(step);
+    default:
+      break;
   }
   if (step.text.empty()) throw Wrong_Usage("a file or folder has no name");
 }

@@ -100,7 +100,8 @@ Exit Session::season(int month, Answer with_flow) {
   dialogue_.flow_for_season = with_flow;
   const Season_Result result = Ana_Season_Temp(db_, dialogue_, panel_);
   panel_.clear_line();
-  Print("Seasonal temperature, " + Season_Of(db_) + ": " + (result.ok() ? "complete\n" : "failed\n"));
+  Print("Seasonal temperature, " + Season_Of(db_) + ": " +
+        (result.ok() ? "complete\n" : "failed\n"));
   if (result.end == Season_End::needs_annual) return Exit::run_failed;
   Print("  recirculated nodes      " + std::to_string(result.recirculation.size()) + '\n');
   Print(Temperature_Summary(db_));
@@ -142,21 +143,35 @@ Exit Session::csv(const std::filesystem::path& folder) {
 
 Exit Session::take(const Step& step) {
   switch (step.kind) {
-    case Step_Kind::flow: return flow(Answer::no);
-    case Step_Kind::flow_from_results: return flow(Answer::yes);
-    case Step_Kind::annual: return annual();
-    case Step_Kind::season: return season(step.month, Answer::yes);
-    case Step_Kind::season_temperature: return season(step.month, Answer::no);
+    case Step_Kind::flow:
+      return flow(Answer::no);
+    case Step_Kind::flow_from_results:
+      return flow(Answer::yes);
+    case Step_Kind::annual:
+      return annual();
+    case Step_Kind::season:
+      return season(step.month, Answer::yes);
+    case Step_Kind::season_temperature:
+      return season(step.month, Answer::no);
     case Step_Kind::wet:
       db_.Wet_Tag = step.text;
       db_.Para_WetMode = step.text == "evaporate" ? 1 : 2;
       return Exit::done;
-    case Step_Kind::set: Set_Parameter(db_, step.name, step.text); return Exit::done;
-    case Step_Kind::constant_temperature: Set_Constant_Temp(db_, true); return Exit::done;
-    case Step_Kind::switch_airway: return change_switch(step);
-    case Step_Kind::save: return save(step.text);
-    case Step_Kind::csv: return csv(step.text);
-    case Step_Kind::table: Print(Result_Tables(db_)); return Exit::done;
+    case Step_Kind::set:
+      Set_Parameter(db_, step.name, step.text);
+      return Exit::done;
+    case Step_Kind::constant_temperature:
+      Set_Constant_Temp(db_, true);
+      return Exit::done;
+    case Step_Kind::switch_airway:
+      return change_switch(step);
+    case Step_Kind::save:
+      return save(step.text);
+    case Step_Kind::csv:
+      return csv(step.text);
+    case Step_Kind::table:
+      Print(Result_Tables(db_));
+      return Exit::done;
   }
   return Exit::wrong_usage;
 }

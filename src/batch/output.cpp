@@ -96,8 +96,8 @@ std::string Result_Tables(const Database& db) {
       "              (m3/min)  (m/sec)  (deg C)      (%)   (mmAq)\n";
   for (const Airway_Row& row : Airway_Rows(db)) {
     if (row.far < row.node) continue;  // each airway once, from its lower-numbered end
-    const std::string name = Right(std::to_string(row.node), 3) +
-                             (row.outward ? " -> " : " <- ") + Right(std::to_string(row.far), 3);
+    const std::string name = Right(std::to_string(row.node), 3) + (row.outward ? " -> " : " <- ") +
+                             Right(std::to_string(row.far), 3);
     text += Right(name, 11) + Right(one(row.flow), 11) + Right(two(row.velocity), 9) +
             Right(two(row.temp), 9) + Right(two(row.hum), 9) + Right(two(row.nvp), 9) + "  " +
             Left(Switch_Word(row.closed), 8) + To_Utf8(row.comment) + '\n';
@@ -127,12 +127,12 @@ std::string Flow_Summary(const Database& db, const Flow_Result& result) {
   static constexpr Picture flow("####0.0");
   std::string text =
       Line("passes", std::to_string(result.passes)) +
-      Line("largest imbalance", imbalance(result.imbalance).text() + " m3/min at node " +
-                                    std::to_string(result.node));
+      Line("largest imbalance",
+           imbalance(result.imbalance).text() + " m3/min at node " + std::to_string(result.node));
   for (std::size_t f = 1; f <= static_cast<std::size_t>(result.fans); ++f) {
-    text += Line("main fan #" + std::to_string(f),
-                 press(-result.fan_press[f]).text() + " mmH2O, " +
-                     flow(result.fan_flow[f] * 60).text() + " m3/min");
+    text += Line("main fan #" + std::to_string(f), press(-result.fan_press[f]).text() + " mmH2O, " +
+                                                       flow(result.fan_flow[f] * 60).text() +
+                                                       " m3/min");
   }
   double intake = 0;
   for (int k = 1; k <= db.Inlet_Total; ++k) {

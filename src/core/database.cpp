@@ -18,8 +18,7 @@ constexpr Picture page_cell("####0.0");
 
 // The outside density that all of the solver's densities refer to: 1.293 kg/m3 at 0 deg C.
 float Solver_Density(double temperature, int elevation) {
-  return static_cast<float>(1.293 / (1 + 0.00366 * temperature) *
-                            std::exp(-elevation / 8620.0));
+  return static_cast<float>(1.293 / (1 + 0.00366 * temperature) * std::exp(-elevation / 8620.0));
 }
 
 // Node_Used, classes, perimeters and start temperatures of one connected node; widens the extremes.

@@ -19,16 +19,16 @@
 namespace branok {
 
 inline constexpr int max_nodes = 550;
-inline constexpr int max_slots = 5;          // connections of one node
-inline constexpr int max_pictures = 3;       // picture files of one thing
-inline constexpr int max_grid_rows = 2750;   // airway grid rows: nodes times slots
+inline constexpr int max_slots = 5;         // connections of one node
+inline constexpr int max_pictures = 3;      // picture files of one thing
+inline constexpr int max_grid_rows = 2750;  // airway grid rows: nodes times slots
 inline constexpr int max_inlets = 15;
 inline constexpr int max_main_fans = 15;
-inline constexpr int max_fan_points = 20;    // head-flow points of a main fan
+inline constexpr int max_fan_points = 20;  // head-flow points of a main fan
 inline constexpr int max_assist_fans = 20;
 inline constexpr int max_thermo_rows = 50;
 inline constexpr int max_traces = 6;
-inline constexpr int trace_steps = 60;       // five steps a month, one year
+inline constexpr int trace_steps = 60;  // five steps a month, one year
 inline constexpr int max_iter_errors = 550;
 
 /// A flag that is true holds -1 (all bits set), except Flag_Annual and Flag_Season, which hold 1.
@@ -45,8 +45,8 @@ using Picture_Names = Grid<std::string, max_pictures, max_nodes>;
 
 struct Database {
   // --- Counters
-  std::int16_t Node_Total = 0;      ///< highest node number held; a number below it may be unused
-  std::int16_t Node_Max = 0;        ///< highest node number used by the last Check Data
+  std::int16_t Node_Total = 0;  ///< highest node number held; a number below it may be unused
+  std::int16_t Node_Max = 0;    ///< highest node number used by the last Check Data
   std::int16_t MFan_Total = 0;
   std::int16_t MFan_GridTotal = 0;  ///< main-fan pages of the Database window
   std::int16_t Inlet_Total = 0;
@@ -67,24 +67,24 @@ struct Database {
   Node_Table<std::int32_t> Node_SN;         ///< m
   Picture_Names Node_Pict;
   Node_Table<std::string> Node_Comm;
-  Node_Table<std::int16_t> Node_Used;       ///< 1 when in use
-  Node_Table<std::int16_t> Node_Type;       ///< 0 plain, 1 intake, 2 surface fan, 3 fan suction
-  Node_Table<std::int16_t> Node_UpCount;    ///< slots that lead to a higher-numbered node
-  Root_Table<std::int16_t> Node_UpSlot;     ///< those slots, 1..Node_UpCount
+  Node_Table<std::int16_t> Node_Used;     ///< 1 when in use
+  Node_Table<std::int16_t> Node_Type;     ///< 0 plain, 1 intake, 2 surface fan, 3 fan suction
+  Node_Table<std::int16_t> Node_UpCount;  ///< slots that lead to a higher-numbered node
+  Root_Table<std::int16_t> Node_UpSlot;   ///< those slots, 1..Node_UpCount
 
   // --- Airways. Each stands at both of its end nodes: (slot, node).
-  Root_Table<float> Root_Resist;         ///< murgue
-  Root_Table<float> Root_Area;           ///< m2
-  Root_Table<float> Root_Peri;           ///< m
-  Root_Table<float> Root_Length;         ///< m
-  Root_Table<float> Root_Time;           ///< age, years
-  Root_Table<float> Root_Heat;           ///< heat source, kcal/h
-  Root_Table<float> Root_Wet;            ///< wet part of the wall, %
-  Root_Table<std::int16_t> Root_Kind;    ///< support, index into Kind_Name
-  Root_Table<std::int16_t> Root_Wind;    ///< winding, index into Wind_Letter
-  Root_Table<float> Root_Fric;           ///< friction factor
-  Root_Table<std::int16_t> Root_Shape;   ///< shape, index into Shape_Letter
-  Root_Table<float> Root_Height;         ///< m
+  Root_Table<float> Root_Resist;        ///< murgue
+  Root_Table<float> Root_Area;          ///< m2
+  Root_Table<float> Root_Peri;          ///< m
+  Root_Table<float> Root_Length;        ///< m
+  Root_Table<float> Root_Time;          ///< age, years
+  Root_Table<float> Root_Heat;          ///< heat source, kcal/h
+  Root_Table<float> Root_Wet;           ///< wet part of the wall, %
+  Root_Table<std::int16_t> Root_Kind;   ///< support, index into Kind_Name
+  Root_Table<std::int16_t> Root_Wind;   ///< winding, index into Wind_Letter
+  Root_Table<float> Root_Fric;          ///< friction factor
+  Root_Table<std::int16_t> Root_Shape;  ///< shape, index into Shape_Letter
+  Root_Table<float> Root_Height;        ///< m
   Root_Table<std::string> Root_Comm;
   Block<std::string, max_pictures, max_slots, max_nodes> Root_Pict;  ///< (picture, slot, node)
   Root_Table<std::int16_t> Root_Type;    ///< regulator class, index into Type_Name; -2 A.Fan end
@@ -101,7 +101,7 @@ struct Database {
   List<std::int16_t, max_main_fans> MFan_Surface;  ///< 1 when suction equals discharge
   List<float, max_main_fans> MFan_StdRpm;
   List<float, max_main_fans> MFan_DriveRpm;
-  List<float, max_main_fans> MFan_Ratio;      ///< driving over standard r.p.m.; 1 when standard is 0
+  List<float, max_main_fans> MFan_Ratio;  ///< driving over standard r.p.m.; 1 when standard is 0
   List<float, max_main_fans> MFan_LimitFlow;  ///< m3/min
   List<std::int16_t, max_main_fans> MFan_HQCount;
   Grid<float, max_fan_points, max_main_fans> MFan_HQ_Flow;  ///< (point, fan), m3/min
@@ -109,7 +109,7 @@ struct Database {
   Grid<float, 3, max_main_fans> MFan_Coef;                  ///< (k, fan), k = 0..3, powers of m3/s
   List<std::string, max_main_fans> MFan_Comm;
   Grid<std::string, max_pictures, max_main_fans> MFan_Pict;
-  List<double, max_main_fans> MFan_Press;                   ///< mmH2O, of the last solution
+  List<double, max_main_fans> MFan_Press;  ///< mmH2O, of the last solution
 
   // The main-fan pages of the Database window: the edit copy until Check Data commits it.
   List<std::int16_t, max_main_fans> MFan_WorkSuction;
@@ -170,10 +170,10 @@ struct Database {
 
   // --- Seasonal traces, kept for the diagram
   std::int16_t Trace_Count = 0;
-  List<std::int16_t, max_traces> Trace_Node1;  ///< receiving node
-  List<std::int16_t, max_traces> Trace_Node2;  ///< supplying node
+  List<std::int16_t, max_traces> Trace_Node1;       ///< receiving node
+  List<std::int16_t, max_traces> Trace_Node2;       ///< supplying node
   Grid<float, trace_steps, max_traces> Trace_Temp;  ///< (step, trace), deg C
-  List<std::int16_t, max_traces> Trace_Dist;   ///< m
+  List<std::int16_t, max_traces> Trace_Dist;        ///< m
 
   // --- Drawing coordinates
   Node_Table<float> Node_CadX;
@@ -196,22 +196,22 @@ struct Database {
   std::int16_t Edit_Thermo = 0;
 
   // --- Data options
-  std::int16_t Opt_MoveSel = 0;   ///< 0 down, 1 right
-  std::int16_t Opt_GridSel = 0;   ///< 0 cells, 1 by row, 2 by column
-  std::int16_t Opt_CalRange = 0;  ///< -1 all airways, 0 the selected rows
+  std::int16_t Opt_MoveSel = 0;          ///< 0 down, 1 right
+  std::int16_t Opt_GridSel = 0;          ///< 0 cells, 1 by row, 2 by column
+  std::int16_t Opt_CalRange = 0;         ///< -1 all airways, 0 the selected rows
   std::array<float, 4> Root_TypeMark{};  ///< murgue: Stop, 2Doors, Door, Regu.
 
   // --- Calculation parameters
-  float Para_FlowTol = 0;     ///< allowable flow imbalance, m3/min
-  float Para_Accel = 0;       ///< acceleration coefficient
-  float Para_IntakeTemp = 0;  ///< annual average dry bulb at the intake, deg C
-  float Para_TempDiff = 0;    ///< range of the intake temperature over the year, deg C
-  float Para_IntakeHum = 0;   ///< annual average humidity at the intake, %
-  float Para_RockTemp = 0;    ///< rock temperature at the datum level, deg C
-  float Para_RockGrad = 0;    ///< rock temperature gradient, deg C/m
-  float Para_RockCond = 0;    ///< kcal/(m h deg C)
-  float Para_RockDiff = 0;    ///< m2/h
-  float Para_IntakeWBT = 0;   ///< derived, deg C
+  float Para_FlowTol = 0;           ///< allowable flow imbalance, m3/min
+  float Para_Accel = 0;             ///< acceleration coefficient
+  float Para_IntakeTemp = 0;        ///< annual average dry bulb at the intake, deg C
+  float Para_TempDiff = 0;          ///< range of the intake temperature over the year, deg C
+  float Para_IntakeHum = 0;         ///< annual average humidity at the intake, %
+  float Para_RockTemp = 0;          ///< rock temperature at the datum level, deg C
+  float Para_RockGrad = 0;          ///< rock temperature gradient, deg C/m
+  float Para_RockCond = 0;          ///< kcal/(m h deg C)
+  float Para_RockDiff = 0;          ///< m2/h
+  float Para_IntakeWBT = 0;         ///< derived, deg C
   std::int16_t Para_Month = 0;      ///< index of Season_Name, 0..12
   std::int16_t Para_MonthPrev = 0;  ///< the month of the intake graph
   float Para_InitPress = 0;         ///< start pressure as a part of the shut-off pressure
@@ -220,19 +220,19 @@ struct Database {
   std::string Wet_Tag;              ///< the chosen wet-wall method as files hold it
 
   // --- Graphic parameters
-  std::int32_t GPara_TransEW = 0, GPara_TransNS = 0, GPara_TransZ = 0;           // m
-  std::int16_t GPara_RotEW = 0, GPara_RotSN = 0, GPara_RotVer = 0;               // degrees
-  float GPara_EWTimes = 0, GPara_NSTimes = 0, GPara_ElevTimes = 0;               // scale
+  std::int32_t GPara_TransEW = 0, GPara_TransNS = 0, GPara_TransZ = 0;  // m
+  std::int16_t GPara_RotEW = 0, GPara_RotSN = 0, GPara_RotVer = 0;      // degrees
+  float GPara_EWTimes = 0, GPara_NSTimes = 0, GPara_ElevTimes = 0;      // scale
   std::int16_t GPara_ZoomAngle = 0;
-  double GPara_FarLength = 0;                                                    // m
+  double GPara_FarLength = 0;  // m
   std::int16_t GPara_DiaTimes = 0;
   List<std::int32_t, 10> Graph_Color;  ///< 0x00BBGGRR
   List<std::int32_t, 10> Cad_Color;
-  float Cam_TranslateX = 0, Cam_TranslateY = 0, Cam_TranslateZ = 0;              // m
-  float Cam_RotateX = 0, Cam_RotateY = 0, Cam_RotateZ = 0;                       // degrees
+  float Cam_TranslateX = 0, Cam_TranslateY = 0, Cam_TranslateZ = 0;  // m
+  float Cam_RotateX = 0, Cam_RotateY = 0, Cam_RotateZ = 0;           // degrees
   float Cam_Zoom = 0;
-  std::int32_t MaterialColor = 0, BackColor = 0, GridColor = 0;                  // of the 3-D view
-  std::int16_t Range_ZMax = 0, Range_ZMin = 0;                                   // m
+  std::int32_t MaterialColor = 0, BackColor = 0, GridColor = 0;  // of the 3-D view
+  std::int16_t Range_ZMax = 0, Range_ZMin = 0;                   // m
   std::int16_t Temp_Max = 0, Temp_Min = 0;  ///< temperature band of the 3-D colours, deg C
 
   bool operator==(const Database&) const = default;

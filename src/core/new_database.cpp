@@ -12,7 +12,7 @@ namespace branok {
 namespace {
 
 constexpr std::array<std::int32_t, 10> standard_colors = {
-    RGB(0, 255, 255), RGB(255, 255, 255), RGB(255, 255, 0), RGB(0, 255, 0),   RGB(0, 255, 255),
+    RGB(0, 255, 255), RGB(255, 255, 255), RGB(255, 255, 0),   RGB(0, 255, 0), RGB(0, 255, 255),
     RGB(255, 0, 0),   RGB(0, 255, 0),     RGB(192, 192, 192), RGB(0, 0, 128), RGB(0, 0, 0)};
 
 // A chain: node 1 to node 2, ... up to node 5; every inner node is connected to the one below it
@@ -124,8 +124,8 @@ void Clear_Network(Database& db) {
   }
   db.Node_Junc.fill(0);
   db.Node_UpSlot.fill(0);
-  for (Node_Table<std::int16_t>* table : {&db.Node_JuncCount, &db.Node_Elev, &db.Node_Used,
-                                          &db.Node_Type, &db.Node_UpCount}) {
+  for (Node_Table<std::int16_t>* table :
+       {&db.Node_JuncCount, &db.Node_Elev, &db.Node_Used, &db.Node_Type, &db.Node_UpCount}) {
     table->fill(0);
   }
   db.Node_EW.fill(0);

@@ -31,7 +31,8 @@ inline double Round(double x) { return std::nearbyint(x); }
 /// -1, 0 or 1.
 inline int Sign(double x) { return x > 0 ? 1 : x < 0 ? -1 : 0; }
 
-/// x rounded to the even neighbour as a 16-bit integer. Raises Run_Time_Error outside -32768..32767.
+/// x rounded to the even neighbour as a 16-bit integer. Raises Run_Time_Error outside
+/// -32768..32767.
 std::int16_t To_Int16(double x);
 
 /// x rounded to the even neighbour as a 32-bit integer. Raises Run_Time_Error on overflow.

@@ -13,11 +13,14 @@ void Label::set_lines(const float* values, int count, const Picture& picture) {
 
 std::string Label::text() const {
   switch (kind_) {
-    case Kind::text: return text_;
-    case Kind::real: return (*picture_)(value_).text() + std::string(unit_);
+    case Kind::text:
+      return text_;
+    case Kind::real:
+      return (*picture_)(value_).text() + std::string(unit_);
     case Kind::single:
       return (*picture_)(static_cast<float>(value_)).text() + std::string(unit_);
-    case Kind::lines: break;
+    case Kind::lines:
+      break;
   }
   std::string lines;
   for (int fan = 1; fan <= line_count_; ++fan) {

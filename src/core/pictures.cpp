@@ -10,7 +10,7 @@ namespace branok {
 
 namespace {
 
-constexpr std::array<double, 13> power_of_ten = {1e0, 1e1, 1e2, 1e3, 1e4,  1e5, 1e6,
+constexpr std::array<double, 13> power_of_ten = {1e0, 1e1, 1e2, 1e3,  1e4,  1e5, 1e6,
                                                  1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
 
 void Drop_Trailing_Zeros(Decimal& number) {

@@ -23,8 +23,9 @@ struct Decimal {
   int count = 0;
   std::array<char, 24> digits;  // the first `count` are set, '0'..'9'
 
-  static Decimal Of(float value);   ///< 7 significant digits. Raises Run_Time_Error on inf and NaN.
-  static Decimal Of(double value);  ///< 15 significant digits. Raises Run_Time_Error on inf and NaN.
+  static Decimal Of(float value);  ///< 7 significant digits. Raises Run_Time_Error on inf and NaN.
+  static Decimal Of(
+      double value);  ///< 15 significant digits. Raises Run_Time_Error on inf and NaN.
   static Decimal Of(std::int64_t value);
   static Decimal Of(int value) { return Of(std::int64_t{value}); }
 };
@@ -72,8 +73,8 @@ class Picture {
   int decimals_required_ = 0;  // digits always shown after the point
   bool point_ = false;
   bool scientific_ = false;
-  bool plus_ = false;           // "E+00": the exponent's plus is shown
-  int exponent_digits_ = 0;     // fewest digits of the exponent
+  bool plus_ = false;        // "E+00": the exponent's plus is shown
+  int exponent_digits_ = 0;  // fewest digits of the exponent
 };
 
 /// The number's own decimal form without a picture: "-12", "0.3", "1750".

@@ -64,8 +64,7 @@ std::string Fit_Fan_Curve(Database& db, int fan) {
   // A cubic needs four flows that differ; rounding must not decide whether three are enough.
   const std::span flows(x.data(), count);
   if (Different_Flows(flows) < 4) Singular();
-  const std::array<float, 16> coefficients =
-      Fit_Least_Square(3, flows, std::span(y.data(), count));
+  const std::array<float, 16> coefficients = Fit_Least_Square(3, flows, std::span(y.data(), count));
   for (int k = 0; k <= 3; ++k) db.MFan_Coef(k, fan) = coefficients[static_cast<std::size_t>(k)];
   return Curve_Text(db, fan);
 }

@@ -22,14 +22,14 @@ struct Node_Row {
 /// A slot of a connected node: the airway seen from one of its ends.
 struct Airway_Row {
   int node, slot, far;
-  bool outward;       ///< the air flows from `node` to `far`
-  float flow;         ///< m3/min, positive outward
-  float velocity;     ///< m/s, 0 when the airway has no area
-  float temp;         ///< deg C
-  float hum;          ///< %
-  int level_diff;     ///< m, elevation of the far end less that of the node
-  float nvp;          ///< natural ventilation pressure, mmAq
-  bool closed;        ///< by Change Switch
+  bool outward;    ///< the air flows from `node` to `far`
+  float flow;      ///< m3/min, positive outward
+  float velocity;  ///< m/s, 0 when the airway has no area
+  float temp;      ///< deg C
+  float hum;       ///< %
+  int level_diff;  ///< m, elevation of the far end less that of the node
+  float nvp;       ///< natural ventilation pressure, mmAq
+  bool closed;     ///< by Change Switch
   std::string comment;
 };
 

@@ -39,7 +39,8 @@ TEST_F(Causes, AirwayWithoutResistance) {
 TEST_F(Causes, HighestNumberBesideAHeldNode) {
   Add_Airway(db, 5, 6, 1);
   Add_Airway(db, 4, 6, 1);
-  EXPECT_TRUE(Names(Likely_Causes(db), "Node 6, the highest number, is a free neighbour of node 5"));
+  EXPECT_TRUE(
+      Names(Likely_Causes(db), "Node 6, the highest number, is a free neighbour of node 5"));
   db.Node_Total = 7;  // an unused higher number cures it
   EXPECT_FALSE(Names(Likely_Causes(db), "highest number"));
 }

@@ -28,9 +28,10 @@ TEST(Arguments, HelpAndVersionNeedNoMine) {
 
 TEST(Arguments, HelpNamesEveryOption) {
   for (const char* option :
-       {"--flow ", "--flow-from-results", "--annual", "--season MONTH", "--season-temperature MONTH",
-        "--wet area|evaporate", "--set NAME=VALUE", "--constant-temperature", "--switch I-J",
-        "--save FILE.abk", "--csv FOLDER", "--table", "--quiet", "--trace", "--version"}) {
+       {"--flow ", "--flow-from-results", "--annual", "--season MONTH",
+        "--season-temperature MONTH", "--wet area|evaporate", "--set NAME=VALUE",
+        "--constant-temperature", "--switch I-J", "--save FILE.abk", "--csv FOLDER", "--table",
+        "--quiet", "--trace", "--version"}) {
     EXPECT_NE(Usage().find(option), std::string_view::npos) << option;
   }
 }

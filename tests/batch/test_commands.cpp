@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/safe_file.h"
 #include "core/database.h"
+#include "core/safe_file.h"
 #include "files/ver6.h"
 #include "support/generated_mine.h"
 #include "support/temporary_folder.h"
@@ -254,7 +254,9 @@ TEST_F(Bad_File, EachGivesExitThreeAndIsLeftAlone) {
   number.replace(number.find("     1    1466"), 6, "   999");
   const std::vector<std::pair<std::string, std::string>> files = {
       {path("empty.abk"), ""},
-      {path("wrong.abk"), "\x7f" "ELF\x01\x02\n\0x"},
+      {path("wrong.abk"),
+       "\x7f"
+       "ELF\x01\x02\n\0x"},
       {path("old.abk"), "BRANOK Data File Version 5\r\n"},
       {path("nan.abk"), nan},
       {path("huge.abk"), huge},

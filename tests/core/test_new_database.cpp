@@ -113,13 +113,13 @@ TEST_F(New_Mine, HasTheStandardParameters) {
 }
 
 TEST_F(New_Mine, HasTheStandardColoursAndGraphicParameters) {
-  EXPECT_EQ(db.Graph_Color[1], 16776960);   // 0, 255, 255
-  EXPECT_EQ(db.Graph_Color[8], 12632256);   // 192, 192, 192
-  EXPECT_EQ(db.Graph_Color[9], 8388608);    // 0, 0, 128
+  EXPECT_EQ(db.Graph_Color[1], 16776960);  // 0, 255, 255
+  EXPECT_EQ(db.Graph_Color[8], 12632256);  // 192, 192, 192
+  EXPECT_EQ(db.Graph_Color[9], 8388608);   // 0, 0, 128
   EXPECT_EQ(db.Graph_Color[10], 0);
   EXPECT_EQ(db.Cad_Color, db.Graph_Color);
-  EXPECT_EQ(db.MaterialColor, 20640);       // 160, 80, 0
-  EXPECT_EQ(db.BackColor, 8421504);         // 128, 128, 128
+  EXPECT_EQ(db.MaterialColor, 20640);  // 160, 80, 0
+  EXPECT_EQ(db.BackColor, 8421504);    // 128, 128, 128
   EXPECT_EQ(db.GridColor, 0);
   EXPECT_EQ(db.GPara_TransEW, 1000);
   EXPECT_EQ(db.GPara_TransNS, 100);

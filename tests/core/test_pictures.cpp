@@ -43,7 +43,7 @@ TEST(Pictures, PointStaysWithoutDigitsBehindIt) {
 }
 
 TEST(Pictures, RoundsTheShortestDecimalFormHalfAwayFromZero) {
-  EXPECT_EQ(Shown("0.00", 0.145F), "0.15");   // 0.14499999582 as a binary number
+  EXPECT_EQ(Shown("0.00", 0.145F), "0.15");  // 0.14499999582 as a binary number
   EXPECT_EQ(Shown("0.00", 0.145), "0.15");
   EXPECT_EQ(Shown("0.0", 0.05F), "0.1");
   EXPECT_EQ(Shown("0", 0.5), "1");
@@ -134,7 +134,8 @@ std::string By_Library(double value, int significant, int places) {
   std::string kept = plain.substr(0, keep);
   if (up) {
     int i = static_cast<int>(kept.size()) - 1;
-    while (i >= 0 && kept[static_cast<std::size_t>(i)] == '9') kept[static_cast<std::size_t>(i--)] = '0';
+    while (i >= 0 && kept[static_cast<std::size_t>(i)] == '9')
+      kept[static_cast<std::size_t>(i--)] = '0';
     if (i >= 0) {
       ++kept[static_cast<std::size_t>(i)];
     } else {

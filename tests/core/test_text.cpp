@@ -12,7 +12,9 @@ TEST(Shown_Text, ValidUtf8StaysAsItIs) {
 }
 
 TEST(Shown_Text, AnythingElseIsWindows1252) {
-  EXPECT_EQ(To_Utf8("Sch\xe4" "chte"), "Sch\u00e4chte");
+  EXPECT_EQ(To_Utf8("Sch\xe4"
+                    "chte"),
+            "Sch\u00e4chte");
   EXPECT_EQ(To_Utf8("\x80"), "\u20ac");
   EXPECT_EQ(To_Utf8("m\xb3/min \x93x\x94"), "m\u00b3/min \u201cx\u201d");
 }

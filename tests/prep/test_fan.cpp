@@ -98,9 +98,9 @@ TEST(Fit_Least_Square, AnOverflowIsAFault) {
 
 TEST(Gauss_Reduce, PivotsOnTheLargestOfTheColumn) {
   Normal_Matrix a{};
-  a[1] = {0, 0, 2, 1};   // 2 y + z = 7
-  a[2] = {0, 4, 1, 0};   // 4 x + y = 6
-  a[3] = {0, 1, 1, 1};   // x + y + z = 6
+  a[1] = {0, 0, 2, 1};  // 2 y + z = 7
+  a[2] = {0, 4, 1, 0};  // 4 x + y = 6
+  a[3] = {0, 1, 1, 1};  // x + y + z = 6
   const auto solution = Gauss_Reduce(3, a, {0, 7, 6, 6});
   EXPECT_NEAR(solution[1], 1, 1e-12);
   EXPECT_NEAR(solution[2], 2, 1e-12);

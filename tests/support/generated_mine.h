@@ -6,14 +6,14 @@
 namespace branok {
 
 struct Mine_Plan {
-  int nodes = 50;          ///< 5..550
+  int nodes = 50;  ///< 5..550
   unsigned seed = 1;
   int inlets = 2;
-  int fans = 1;            ///< surface main fans, at the highest-numbered nodes
+  int fans = 1;  ///< surface main fans, at the highest-numbered nodes
   int assist_fans = 0;
   int thermo_rows = 0;
-  bool hills = true;       ///< elevations vary
-  double extra = 0.5;      ///< share of the possible cross-connections that are airways
+  bool hills = true;   ///< elevations vary
+  double extra = 0.5;  ///< share of the possible cross-connections that are airways
 };
 
 /// A mine whose tables are as a load leaves them (Derive_After_Load has run), without results.
