@@ -1,7 +1,6 @@
 #include "airflow/skyline_matrix.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace branok {
 
@@ -49,16 +48,18 @@ Skyline_Index Set_Skyline_Index(const Database& db) {
   return index;
 }
 
-Skyline_Matrix::Skyline_Matrix(Skyline_Index index)
-    : index_(std::move(index)), order_(static_cast<int>(index_.Sky_FirstCol.size()) - 2) {
-  if (index_.profile > longest_profile) {
-    throw Run_Time_Error("a profile of " + std::to_string(index_.profile) +
+Skyline_Matrix::Skyline_Matrix(const Skyline_Index& index)
+    : order_(static_cast<std::ptrdiff_t>(index.Sky_FirstCol.size()) - 2) {
+  if (index.profile > longest_profile) {
+    throw Run_Time_Error("a profile of " + std::to_string(index.profile) +
                          " entries is longer than the matrix can be");
   }
-  const std::size_t rows = index_.Sky_FirstCol.size();
-  const auto entries = static_cast<std::size_t>(index_.profile) + 1;
-  first_.resize(rows);
-  for (std::size_t i = 0; i < rows; ++i) first_[i] = static_cast<int>(i);
+  const std::size_t rows = index.Sky_FirstCol.size();
+  for (std::size_t i = 0; i < rows; ++i) {
+    rows_.push_back({.first = static_cast<std::ptrdiff_t>(i),
+                     .zero = index.Sky_RowStart[i] - index.Sky_FirstCol[i]});
+  }
+  const auto entries = static_cast<std::size_t>(index.profile) + 1;
   Sky_A_.resize(entries);
   Sky_L_.resize(entries);
   Sky_Diag_.assign(rows, 1.0F);
@@ -67,8 +68,8 @@ Skyline_Matrix::Skyline_Matrix(Skyline_Index index)
 }
 
 void Skyline_Matrix::use(int row, int column) {
-  int& first = first_[static_cast<std::size_t>(row)];
-  first = std::min(first, column);
+  std::ptrdiff_t& first = rows_[static_cast<std::size_t>(row)].first;
+  first = std::min<std::ptrdiff_t>(first, column);
 }
 
 void Skyline_Matrix::factor_and_solve() {
@@ -80,39 +81,37 @@ void Skyline_Matrix::factor_and_solve() {
 // with it, while its entries are at hand. The product with the entry just made is taken last, so
 // that the processor has summed the others when it is ready.
 void Skyline_Matrix::factor_forward() {
-  const int* const start = index_.Sky_RowStart.data();
-  const int* const first_col = index_.Sky_FirstCol.data();
-  const int* const first = first_.data();
+  const Row* const rows = rows_.data();
+  const float* const a = Sky_A_.data();
+  double* const l = Sky_L_.data();
   double* const work = Sky_Work_.data();
   double* const inv_d = Sky_InvD_.data();
   double* const y = Sky_Y_.data();
 
-  for (int i = 1; i <= order_; ++i) {
-    const int f = first[i];
-    const float* const a_row = Sky_A_.data() + start[i] - first_col[i];
-    double* const l_row = Sky_L_.data() + start[i] - first_col[i];
+  for (std::ptrdiff_t i = 1; i <= order_; ++i) {
+    const auto [f, zero] = rows[i];
     double diagonal = Sky_Diag_[static_cast<std::size_t>(i)];
     double right = Sky_Rhs_[static_cast<std::size_t>(i)];
     double latest = 0;  // Sky_Work(j - 1)
-    for (int j = f; j < i; ++j) {
-      double rest = a_row[j];
-      if (first[j] < j) {
-        const double* const l_above = Sky_L_.data() + start[j] - first_col[j];
+    for (std::ptrdiff_t j = f; j < i; ++j) {
+      double rest = a[zero + j];
+      if (rows[j].first < j && f < j) {
+        const double* const l_above = l + rows[j].zero;
         double even = 0;
         double odd = 0;
-        int k = std::max(f, first[j]);
+        std::ptrdiff_t k = std::max(f, rows[j].first);
         for (; k + 2 < j; k += 2) {
           even += work[k] * l_above[k];
           odd += work[k + 1] * l_above[k + 1];
         }
         if (k + 1 < j) even += work[k] * l_above[k];
         rest -= even + odd;
-        if (j > f) rest -= latest * l_above[j - 1];
+        rest -= latest * l_above[j - 1];
       }
       latest = Stored(rest);
       work[j] = latest;
       const double entry = Stored(latest * inv_d[j]);
-      l_row[j] = entry;
+      l[zero + j] = entry;
       diagonal -= latest * entry;
       right -= entry * y[j];
     }
@@ -124,16 +123,14 @@ void Skyline_Matrix::factor_forward() {
 // From the last row up. Every solved pressure is carried into the rows above at once, along its own
 // row of the factor.
 void Skyline_Matrix::backward() {
-  const int* const start = index_.Sky_RowStart.data();
-  const int* const first_col = index_.Sky_FirstCol.data();
-  double* const carried = Sky_Work_.data();  // the sum of L(j, i) x Sky_X(j) over the rows j below
+  double* const carried = Sky_Work_.data();  // by row i: the sum of L(j, i) x Sky_X(j), j below i
   std::fill(Sky_Work_.begin(), Sky_Work_.end(), 0.0);
-  for (int i = order_; i >= 1; --i) {
+  for (std::ptrdiff_t i = order_; i >= 1; --i) {
     const auto row = static_cast<std::size_t>(i);
     const double x = Stored(Sky_InvD_[row] * Sky_Y_[row] - carried[i]);
     Sky_X_[row] = static_cast<float>(x);
-    const double* const l_row = Sky_L_.data() + start[i] - first_col[i];
-    for (int j = first_[row]; j < i; ++j) carried[j] += l_row[j] * x;
+    const double* const l_row = Sky_L_.data() + rows_[row].zero;
+    for (std::ptrdiff_t j = rows_[row].first; j < i; ++j) carried[j] += l_row[j] * x;
   }
 }
 

@@ -11,7 +11,7 @@
 // caller looks for.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <vector>
 
 #include "core/database.h"
@@ -40,15 +40,13 @@ class Skyline_Matrix {
  public:
   /// A matrix of zeros with unit diagonal. Raises Run_Time_Error when the profile is longer than
   /// longest_profile.
-  explicit Skyline_Matrix(Skyline_Index index);
+  explicit Skyline_Matrix(const Skyline_Index& index);
 
-  [[nodiscard]] const Skyline_Index& index() const { return index_; }
-  [[nodiscard]] int order() const { return order_; }
+  [[nodiscard]] int order() const { return static_cast<int>(order_); }
 
   /// Position in Sky_A of the entry (row, column), column between Sky_FirstCol(row) and row.
   [[nodiscard]] int position(int row, int column) const {
-    const auto r = static_cast<std::size_t>(row);
-    return index_.Sky_RowStart[r] + column - index_.Sky_FirstCol[r];
+    return static_cast<int>(rows_[static_cast<std::size_t>(row)].zero) + column;
   }
 
   /// Tells that the entry (row, column), column < row, can become non-zero; entries left of a row's
@@ -68,12 +66,15 @@ class Skyline_Matrix {
   void factor_and_solve();
 
  private:
+  struct Row {
+    std::ptrdiff_t first;  // first column that can become non-zero
+    std::ptrdiff_t zero;   // where column 0 would stand
+  };
   void factor_forward();
   void backward();
 
-  Skyline_Index index_;
-  int order_;
-  std::vector<int> first_;  // first column of a row that can become non-zero
+  std::ptrdiff_t order_;
+  std::vector<Row> rows_;
   std::vector<float> Sky_A_, Sky_Diag_, Sky_Rhs_, Sky_X_;
   std::vector<double> Sky_L_, Sky_InvD_, Sky_Work_, Sky_Y_;
 };
