@@ -2,11 +2,19 @@
 # Installs what is needed, builds everything and runs all tests.
 #   ./test.sh             the release build, then its tests
 #   ./test.sh sanitize    the same with the address and undefined-behaviour sanitizers
+#   ./test.sh tidy        the static checks of .clang-tidy, no tests
 set -euo pipefail
 cd "$(dirname "$0")"
 source scripts/common.sh
 
 preset=${1:-release}
+if [ "$preset" = tidy ]; then
+  install_packages "${build_packages[@]}" "${test_packages[@]}" clang-tidy
+  build release all
+  say "Checking the code"
+  git ls-files '*.cpp' ':!tests/fuzz/fuzz_*' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/release
+  exit
+fi
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 build "$preset" all
 if [ "$preset" = release ]; then

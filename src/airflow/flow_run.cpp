@@ -79,7 +79,7 @@ Flow_Result Run(Database& db, Dialogue& dialogue, Panel& panel) {
   Set_Start_Values(db, dialogue, panel);
   db.Flag_Results = 0;
   Busy busy(dialogue);
-  const Flow_Result result = Calc_Press_Flow(db, dialogue, panel);
+  Flow_Result result = Calc_Press_Flow(db, dialogue, panel);
   busy.end();
   if (!result.ok()) return result;
 

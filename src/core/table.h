@@ -54,7 +54,7 @@ class Grid {
   static std::size_t at(int slot, int row) {
     if (static_cast<unsigned>(slot) > static_cast<unsigned>(Slots)) Outside_Table(slot, Slots);
     if (static_cast<unsigned>(row) > static_cast<unsigned>(Last)) Outside_Table(row, Last);
-    return static_cast<std::size_t>(row * (Slots + 1) + slot);
+    return static_cast<std::size_t>(row) * (Slots + 1) + static_cast<std::size_t>(slot);
   }
   std::vector<T> cells_ = std::vector<T>((Last + 1) * (Slots + 1));
 };
@@ -73,7 +73,9 @@ class Block {
     if (static_cast<unsigned>(k) > static_cast<unsigned>(Depth)) Outside_Table(k, Depth);
     if (static_cast<unsigned>(slot) > static_cast<unsigned>(Slots)) Outside_Table(slot, Slots);
     if (static_cast<unsigned>(row) > static_cast<unsigned>(Last)) Outside_Table(row, Last);
-    return static_cast<std::size_t>((row * (Slots + 1) + slot) * (Depth + 1) + k);
+    return (static_cast<std::size_t>(row) * (Slots + 1) + static_cast<std::size_t>(slot)) *
+               (Depth + 1) +
+           static_cast<std::size_t>(k);
   }
   std::vector<T> cells_ = std::vector<T>((Last + 1) * (Slots + 1) * (Depth + 1));
 };

@@ -128,6 +128,12 @@ class Writer {
     Row([&](Row_Writer& row) { row.text(Tail{1}, text); });
   }
 
+  /// A text that the user typed: one that would be read back as a comment, and make every line
+  /// after it another one's, gets a blank in front.
+  void Typed_Line(std::string_view text) {
+    Text_Line(Is_Comment(text) ? ' ' + std::string(text) : std::string(text));
+  }
+
   void Begin() { template_.Copy_Comment_Block(out_); }
   void End() { out_ += "**\r\n"; }
 
@@ -175,11 +181,12 @@ void Writer::Head() {
   Begin();
   Row([&](Row_Writer& row) { Totals_Row(row, db_); });
   Begin();
-  Text_Line(db_.Mine_Date);
+  Typed_Line(db_.Mine_Date);
   Begin();
-  Text_Line(db_.Mine_Name);
+  Typed_Line(db_.Mine_Name);
   Begin();
-  for (int k = 1; k <= 3; ++k) Text_Line(db_.Mine_Note[k]);
+  Typed_Line(db_.Mine_Note[1]);
+  for (int k = 2; k <= 3; ++k) Text_Line(db_.Mine_Note[k]);
   End();
 }
 

@@ -256,6 +256,23 @@ TEST(Comments, of_fixed_lines_are_all_kept) {
   }
 }
 
+TEST(Head, words_of_the_user_are_never_read_as_comments) {
+  Loaded mine(Golden("ver6-plain.abk"));
+  mine.db.Mine_Date = "* today";
+  mine.db.Mine_Name = "*";
+  mine.db.Mine_Note[1] = "* first";
+  mine.db.Mine_Note[2] = "* second";
+  mine.db.Mine_Note[3] = "**";
+  const Loaded again(mine.text());
+  ASSERT_TRUE(again.result.ok) << again.result.fault;
+  EXPECT_EQ(again.db.Mine_Date, "* today");
+  EXPECT_EQ(again.db.Mine_Name, " *");
+  EXPECT_EQ(again.db.Mine_Note[1], " * first");
+  EXPECT_EQ(again.db.Mine_Note[2], "* second");
+  EXPECT_EQ(again.db.Mine_Note[3], "**");
+  EXPECT_EQ(again.text(), mine.text());
+}
+
 TEST(Comments, move_up_into_a_head_that_has_none_and_then_rest) {
   Sections file;
   file[3].insert(file[3].begin(), "* pictures");

@@ -27,14 +27,6 @@ bool Has_Two_Airways_To_One_Node(const Database& db) {
   return false;
 }
 
-// A date or name that begins with "*" would be a comment in the file; the writer leaves the user's
-// words alone.
-bool Head_Reads_As_Comment(const Database& db) {
-  const std::string_view date = db.Mine_Date;
-  const std::size_t first = date.find_first_not_of("\r \t");
-  return first != std::string_view::npos && Is_Comment(date.substr(first));
-}
-
 // Ten columns hold the digits of the smallest 32-bit integer, but not its sign.
 bool Has_Smallest_Integer(const Database& db) {
   constexpr auto smallest = std::numeric_limits<std::int32_t>::min();
@@ -75,9 +67,7 @@ void Check_Ver6(std::string_view bytes) {
   Comment_Template comments;
   if (!Read_Ver6_Text(db, bytes, comments).ok) return;
   std::string text = Ver6_Text(db, comments);
-  if (Head_Reads_As_Comment(db) || Has_Two_Airways_To_One_Node(db) || Has_Smallest_Integer(db)) {
-    return;
-  }
+  if (Has_Two_Airways_To_One_Node(db) || Has_Smallest_Integer(db)) return;
 
   // A mine whose airways all lead to nodes in use is the same after one round, but for comments
   // that move up into a head without comments of its own. Each further round is owed to an airway
