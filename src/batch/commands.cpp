@@ -60,9 +60,11 @@ Exit Session::load(const std::filesystem::path& file) {
   Reset_Database(db_);
   const Read_Result result = Read_Ver6(db_, file, comments_, dialogue_);
   if (result.ok) return Exit::done;
+  std::string where = file.string();
+  if (result.line > 0) where += ", line " + std::to_string(result.line);
+  where += ": ";
   // A file that could not be opened is named in the fault itself.
-  const std::string where =
-      result.line > 0 ? file.string() + ", line " + std::to_string(result.line) + ": " : "";
+  if (result.fault.starts_with(file.string())) where.clear();
   std::fprintf(stderr, "branok-batch: %s%s\n", where.c_str(), result.fault.c_str());
   return Exit::file_failed;
 }
