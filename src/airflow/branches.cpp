@@ -5,6 +5,7 @@
 namespace branok {
 
 Branches::Branches(const Database& db) : nodes(db.Node_Total) {
+  if (nodes < 0) Outside_Table(nodes, max_nodes);
   first.resize(static_cast<std::size_t>(nodes) + 2);
   for (int i = 1; i <= nodes; ++i) {
     first[static_cast<std::size_t>(i)] = static_cast<int>(far.size());
@@ -49,7 +50,7 @@ void Add_Assist_Fans(const Database& db, Branches& branches) {
     const double head = db.AFan_Head[k];
     const double q = db.AFan_Flow[k] / 60.0;
     const double rf = head / (q * q);
-    float sum = 0;
+    auto sum = static_cast<float>(rf);
     if (const int near = branches.find(s, a); near >= 0) {
       const auto n = static_cast<std::size_t>(near);
       branches.nat_head[n] = static_cast<float>(branches.nat_head[n] + head);

@@ -1,6 +1,8 @@
 #include "airflow/flow_run.h"
 
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include "airflow/likely_causes.h"
 #include "core/faults.h"
@@ -33,14 +35,24 @@ void Show_Heading(const Database& db, Panel& panel) {
 }
 
 // Takes the fan's limit flow down, in steps that grow by 100 m3/min, until its curve is not
-// negative there.
+// negative there. The count of steps is a 16-bit number, which ends a curve that is negative
+// everywhere.
 void Lower_Limit_Flow(Database& db, int f) {
   const double n = db.MFan_Ratio[f];
-  for (int k = 0;; ++k) {
-    db.MFan_LimitFlow[f] = To_Single(db.MFan_LimitFlow[f] - 100.0 * To_Int16(k));
+  for (int k = 0; k <= std::numeric_limits<std::int16_t>::max(); ++k) {
+    db.MFan_LimitFlow[f] = To_Single(db.MFan_LimitFlow[f] - 100.0 * k);
     const double x = db.MFan_LimitFlow[f] / 60.0 / n;
     if (!(Fan_Head(db, f, 1, x) * n * n < 0)) return;
-    // A curve that is negative at every flow ends here: the count of steps is a 16-bit number.
+  }
+  throw Run_Time_Error("main fan #" + std::to_string(f) + ": its curve is negative at every flow");
+}
+
+// A fault of the fit tells which fan.
+void Refit(Database& db, int f) {
+  try {
+    Fit_Fan_Curve(db, f);
+  } catch (const Calculation_Fault& fault) {
+    throw Calculation_Fault(fault.name, "main fan #" + std::to_string(f) + ": " + fault.what());
   }
 }
 
@@ -49,17 +61,20 @@ void Lower_Limit_Flow(Database& db, int f) {
 // not cut to an integer.
 void Correct_Flows(Database& db) {
   const Float_Faults faults;
+  Root_Table<float> density = db.Root_Density;
+  Root_Table<float> flow = db.Root_Flow;
   const double outside = 1.293 / (1 + 0.0037 * db.Node_DBT[db.Inlet_Node[1]]);
   for (int i = 1; i <= db.Node_Total; ++i) {
     for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
       const double mean = (db.Node_Elev[i] + db.Node_Elev[db.Node_Junc(j, i)]) / 2.0;
       const double e = std::exp(-mean / 8620);
-      db.Root_Density(j, i) = static_cast<float>(1.293 / (1 + 0.0037 * db.Root_Temp(j, i)) * e);
-      db.Root_Flow(j, i) =
-          static_cast<float>(outside * e * db.Root_Flow(j, i) / db.Root_Density(j, i));
+      density(j, i) = static_cast<float>(1.293 / (1 + 0.0037 * db.Root_Temp(j, i)) * e);
+      flow(j, i) = static_cast<float>(outside * e * db.Root_Flow(j, i) / density(j, i));
     }
   }
   faults.check("the density correction of the flows");
+  db.Root_Density = std::move(density);
+  db.Root_Flow = std::move(flow);
 }
 
 void Set_Start_Values(Database& db, Dialogue& dialogue, Panel& panel) {
@@ -84,7 +99,7 @@ Flow_Result Run(Database& db, Dialogue& dialogue, Panel& panel) {
   if (!result.ok()) return result;
 
   db.Flag_Results = flag_true;
-  for (const std::string& missing : Missing_Ends(db)) dialogue.remark(missing);
+  for (const std::string& strange : Network_Remarks(db)) dialogue.remark(strange);
   dialogue.show(messages::Confirm_Flow());
   panel.mnuAnalysisComDiagram = true;
   panel.mnuAnalysisComAnnual = true;
@@ -100,8 +115,9 @@ void Set_Initial_Press(Database& db, Panel& panel, bool reset) {
   const Float_Faults faults;
   double sum = 0;
   for (int f = 1; f <= db.MFan_Total; ++f) {
-    Fit_Fan_Curve(db, f);
+    Refit(db, f);
     Lower_Limit_Flow(db, f);
+    faults.check("the curve of a main fan");
     sum += double{db.MFan_Coef(0, f)} * db.MFan_Ratio[f] * db.MFan_Ratio[f];
   }
   const double average = db.MFan_Total > 0 ? sum / db.MFan_Total : 0;
@@ -168,10 +184,13 @@ Flow_Result Ana_Flow_Press(Database& db, Dialogue& dialogue, Panel& panel) {
   } catch (const Run_Time_Error& fault) {
     detail = fault.what();
   }
+  db.Flag_Results = 0;
   dialogue.show(messages::Calculation_Error(name));
   dialogue.remark(detail);
   Flow_Result result;
   result.fault = detail;
+  result.likely_causes = Likely_Causes(db);
+  for (const std::string& cause : result.likely_causes) dialogue.remark(cause);
   return result;
 }
 

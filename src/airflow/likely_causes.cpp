@@ -1,8 +1,9 @@
 #include "airflow/likely_causes.h"
 
 #include <cmath>
+#include <initializer_list>
 
-#include "prep/fan.h"
+#include "core/pictures.h"
 
 namespace branok {
 
@@ -118,28 +119,87 @@ void See_Fan_States(const Database& db, std::vector<std::string>& causes) {
   }
 }
 
-}  // namespace
-
-std::vector<std::string> Missing_Ends(const Database& db) {
-  std::vector<std::string> missing;
-  if (db.MFan_Total == 0) missing.emplace_back("The mine has no main fan.");
-  if (db.Inlet_Total == 0) missing.emplace_back("The mine has no intake.");
-  return missing;
+void See_Missing_Ends(const Database& db, std::vector<std::string>& causes) {
+  if (db.MFan_Total <= 0) causes.emplace_back("The mine has no main fan.");
+  if (db.Inlet_Total <= 0) causes.emplace_back("The mine has no intake.");
 }
 
-std::vector<std::string> Likely_Causes(const Database& db) {
-  std::vector<std::string> causes = Missing_Ends(db);
+void See_Lone_Ends(const Database& db, std::vector<std::string>& causes) {
+  for (int k = 1; k <= db.Inlet_Total; ++k) {
+    const int node = db.Inlet_Node[k];
+    if (db.Node_JuncCount[node] > 0) continue;
+    causes.push_back("Intake " + No(k) + " stands at node " + No(node) + ", which has no airway.");
+  }
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    const int s = db.MFan_Suction[f];
+    const int d = db.MFan_Discharge[f];
+    if (db.Node_JuncCount[s] == 0) {
+      causes.push_back("Main fan #" + No(f) + " stands at node " + No(s) + ", which has no airway.");
+    } else if (s != d && Find_Slot(db, s, d) == 0) {
+      causes.push_back("No airway " + Airway(s, d) + " for underground main fan #" + No(f) + ".");
+    }
+  }
+  for (int k = 1; k <= db.AFan_Total; ++k) {
+    const int s = db.AFan_Suction[k];
+    const int d = db.AFan_Discharge[k];
+    if (Find_Slot(db, s, d) == 0) {
+      causes.push_back("No airway " + Airway(s, d) + " for assist fan " + No(k) + ".");
+    }
+  }
+}
+
+// A dead end has no balance: what its airway carries comes from nowhere.
+void See_Dead_Ends(const Database& db, std::vector<std::string>& causes) {
+  constexpr double noticed = 1;  // m3/min
+  static constexpr Picture whole("0");
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    if (db.Node_JuncCount[i] != 1 || Is_Held(db, i)) continue;
+    const double flow = 60 * std::abs(double{db.Root_Flow(1, i)});
+    if (flow < noticed) continue;
+    causes.push_back("Node " + No(i) + " is a dead end whose airway carries " + whole(flow).text() +
+                     " m3/min: set an intake or fan there, or remove it.");
+  }
+}
+
+// Values that make a division by zero.
+void See_Bad_Fans(const Database& db, std::vector<std::string>& causes) {
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    if (db.MFan_Ratio[f] == 0) {
+      causes.push_back("Main fan #" + No(f) + " does not turn: its driving r.p.m. is 0.");
+    }
+    for (int k = 1; k <= db.Inlet_Total; ++k) {
+      if (db.Inlet_Node[k] != db.MFan_Suction[f]) continue;
+      causes.push_back("Main fan #" + No(f) + " and intake " + No(k) + " stand at the same node " +
+                       No(db.MFan_Suction[f]) + ".");
+    }
+  }
+  for (int k = 1; k <= db.AFan_Total; ++k) {
+    if (db.AFan_Flow[k] == 0) causes.push_back("Assist fan " + No(k) + " has a flow of 0.");
+  }
+}
+
+using See = void (*)(const Database&, std::vector<std::string>&);
+
+std::vector<std::string> Look(const Database& db, std::initializer_list<See> sights) {
+  std::vector<std::string> causes;
   try {
-    See_Bad_Resistances(db, causes);
-    See_Last_Node(db, causes);
-    See_Unreached_Nodes(db, causes);
-    See_Joined_Fans(db, causes);
-    See_Fan_States(db, causes);
+    for (const See see : sights) see(db, causes);
   } catch (const Run_Time_Error& error) {
     causes.push_back(std::string("The network names a thing that does not exist: ") + error.what() +
                      ".");
   }
   return causes;
+}
+
+}  // namespace
+
+std::vector<std::string> Network_Remarks(const Database& db) {
+  return Look(db, {See_Missing_Ends, See_Lone_Ends, See_Unreached_Nodes, See_Dead_Ends});
+}
+
+std::vector<std::string> Likely_Causes(const Database& db) {
+  return Look(db, {See_Missing_Ends, See_Lone_Ends, See_Bad_Fans, See_Bad_Resistances,
+                   See_Unreached_Nodes, See_Last_Node, See_Joined_Fans, See_Fan_States});
 }
 
 }  // namespace branok

@@ -13,6 +13,7 @@ double Stored(double value) { return static_cast<double>(static_cast<float>(valu
 
 Skyline_Index Set_Skyline_Index(const Database& db) {
   const int n = db.Node_Total;
+  if (n < 0) Outside_Table(n, max_nodes);
   const auto size = static_cast<std::size_t>(n) + 2;
   Skyline_Index index{std::vector<int>(size), std::vector<int>(size), std::vector<int>(size),
                       std::vector<int>(size), 0};

@@ -181,9 +181,10 @@ void Solution::display() {
   db_.Iter_Error[pass_] = largest_;
   std::array<float, max_main_fans + 1> press{};
   std::array<float, max_main_fans + 1> flow{};
-  for (std::size_t f = 1; f <= static_cast<std::size_t>(db_.MFan_Total); ++f) {
-    press[f] = static_cast<float>(-fans_.press[f]);
-    flow[f] = 60 * fans_.flow[f];
+  for (int f = 1; f <= db_.MFan_Total; ++f) {
+    const auto fan = static_cast<std::size_t>(f);
+    press[fan] = static_cast<float>(-fans_.press[fan]);
+    flow[fan] = 60 * fans_.flow[fan];
   }
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start_;
   panel_.lblDisp[1].set(pass_, pass_picture);
@@ -281,7 +282,8 @@ Flow_Result Solution::result(Flow_End end) const {
   return result;
 }
 
-// Makes the solution and runs it; a fault before the first pass leaves the tables as they were.
+// Makes the solution and runs it; a fault before the first pass leaves pressures and flows as they
+// were.
 Flow_Result Solve(Database& db, Panel& panel) {
   Solution solution(db, panel);
   try {

@@ -62,6 +62,7 @@ void Read_Setting(Step& step) {
     throw Wrong_Usage("--set takes NAME=VALUE, not '" + step.text + "'");
   }
   step.name = step.text.substr(0, equals);
+  if (step.name.empty()) throw Wrong_Usage("--set takes NAME=VALUE, not '" + step.text + "'");
   step.text = step.text.substr(equals + 1);
   Database trial;
   Reset_Database(trial);
@@ -179,7 +180,7 @@ Output
 Anywhere
   --quiet                     no progress on standard error
   --trace                     a line for each solver pass and temperature sweep
-  --help, --version
+  --help (-h), --version
 
 Questions that a run asks are answered Yes, unless the step says otherwise;
 every message is printed to standard error. Nothing else is written anywhere.

@@ -74,7 +74,7 @@ Exit Session::flow(Answer start) {
   const Flow_Result result = Ana_Flow_Press(db_, dialogue_, panel_);
   panel_.clear_line();
   Print(std::string("Flow analysis: ") + (result.ok() ? "converged\n" : "failed\n"));
-  Print(Flow_Summary(db_, result));
+  if (result.passes > 0) Print(Flow_Summary(db_, result));
   return result.ok() ? Exit::done : Exit::run_failed;
 }
 
@@ -85,6 +85,7 @@ Exit Session::annual() {
   const Annual_Result result = Ana_Annual_Temp(db_, dialogue_, panel_);
   panel_.clear_line();
   Print(std::string("Annual temperature and flow: ") + (result.ok() ? "converged\n" : "failed\n"));
+  if (!result.fault.empty()) dialogue_.remark(result.fault);
   static constexpr Picture degrees("##0.00");
   Print("  sweeps                  " + std::to_string(result.sweeps) + ", last change " +
         degrees(result.max_change).text() + " deg C\n");
@@ -101,11 +102,15 @@ Exit Session::annual() {
 Exit Session::season(int month, Answer with_flow) {
   db_.Para_Month = static_cast<std::int16_t>(month);
   dialogue_.flow_for_season = with_flow;
+  if (db_.Flag_Results == 0 && db_.Flag_Temp != 0) {
+    return refuse("a season needs flow results: take --flow and --annual before it");
+  }
   const Season_Result result = Ana_Season_Temp(db_, dialogue_, panel_);
   panel_.clear_line();
   Print("Seasonal temperature, " + Season_Of(db_) + ": " +
         (result.ok() ? "complete\n" : "failed\n"));
   if (result.end == Season_End::needs_annual) return Exit::run_failed;
+  if (!result.fault.empty()) dialogue_.remark(result.fault);
   Print("  recirculated nodes      " + std::to_string(result.recirculation.size()) + '\n');
   Print(Temperature_Summary(db_));
   if (result.end == Season_End::complete || result.end == Season_End::flow_failed) {
@@ -132,10 +137,12 @@ Exit Session::save(const std::filesystem::path& file) {
 }
 
 Exit Session::csv(const std::filesystem::path& folder) {
+  const std::string nodes = Nodes_Csv(db_);
+  const std::string airways = Airways_Csv(db_);
   try {
     std::filesystem::create_directories(folder);
-    Write_Whole(folder / "nodes.csv", Nodes_Csv(db_));
-    Write_Whole(folder / "airways.csv", Airways_Csv(db_));
+    Write_Whole(folder / "nodes.csv", nodes);
+    Write_Whole(folder / "airways.csv", airways);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "branok-batch: %s: %s\n", folder.c_str(), error.what());
     return Exit::file_failed;
@@ -159,12 +166,15 @@ Exit Session::take(const Step& step) {
     case Step_Kind::wet:
       db_.Wet_Tag = step.text;
       db_.Para_WetMode = step.text == "evaporate" ? 1 : 2;
+      Print("Wet-wall method: " + step.text + '\n');
       return Exit::done;
     case Step_Kind::set:
       Set_Parameter(db_, step.name, step.text);
+      Print(step.name + " = " + step.text + '\n');
       return Exit::done;
     case Step_Kind::constant_temperature:
       Set_Constant_Temp(db_, true);
+      Print("All air has the intake's annual average state\n");
       return Exit::done;
     case Step_Kind::switch_airway:
       return change_switch(step);
@@ -190,10 +200,12 @@ Exit Run(const Arguments& arguments) {
     } catch (const Run_Time_Error& error) {
       std::fprintf(stderr, "branok-batch: %s\n", error.what());
     }
-    std::fflush(stdout);
     if (taken != Exit::done) return taken;
+    if (std::fflush(stdout) != 0) break;
   }
-  return Exit::done;
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return Exit::done;
+  std::fprintf(stderr, "branok-batch: standard output cannot be written\n");
+  return Exit::file_failed;
 }
 
 }  // namespace

@@ -17,7 +17,8 @@ std::int16_t Regulator_Class(float resist, const std::array<float, 4>& marks) {
 
 float Perimeter_From_Area(float area, int shape) {
   constexpr std::array<double, 4> factor = {3.54, 3.74, 4.0, 4.0};
-  return static_cast<float>(factor.at(static_cast<std::size_t>(shape)) * std::sqrt(double{area}));
+  if (shape < 0 || shape > 3) throw Run_Time_Error("a shape of section is none of 0 to 3");
+  return static_cast<float>(factor[static_cast<std::size_t>(shape)] * std::sqrt(double{area}));
 }
 
 float Calc_Resist(float area, float& length, float& peri, float& fric) {

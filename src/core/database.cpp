@@ -78,11 +78,11 @@ void Clear_Airway(Database& db, int i, int slot) {
     (*table)(slot, i) = 0;
   }
   db.Root_Comm(slot, i) = blank_comment;
+  for (int p = 1; p <= max_pictures; ++p) db.Root_Pict(p, slot, i).clear();
 }
 
 void Reset_Database(Database& db) {
-  static const Database empty;  // copied into the tables that db has: nothing is allocated
-  db = empty;
+  db = Empty_Database();  // copied into the tables that db has: nothing is allocated
   Set_Default_Parameters(db);
   Set_File_Presets(db);
 }

@@ -257,21 +257,25 @@ void Reset_Database(Database& db);
 /// up to the present MFan_Total get their default table; parameters and marks get their defaults.
 void Reset_For_Read(Database& db);
 
-/// Elevation 0, S-N 0, E-W (i - 1) * 100, no comment and no pictures.
+/// Elevation 0, S-N 0, E-W (i - 1) * 100 m, no comment and no pictures.
 void Clear_Node(Database& db, int i);
 
-/// Zeroes the slot's cell in all Root tables and writes twelve blanks to its comment.
+/// Zeroes the slot's cell in all Root tables, removes its pictures and writes twelve blanks to its
+/// comment.
 void Clear_Airway(Database& db, int i, int slot);
 
 /// What follows from loaded data: regulator classes, missing perimeters, wet bulbs, node types,
-/// start temperatures, the fans' edit copy, the temperature band. Run once after every load.
+/// start temperatures, the fans' edit copy, the temperature band. Run once after every load. Raises
+/// Run_Time_Error when a number is outside its table or a loaded temperature is impossible.
 void Derive_After_Load(Database& db);
 
 /// The temperature band of the 3-D colours from the extremes of the airway temperatures, deg C:
-/// the hottest cut to an integer, the floor of the coldest less one.
+/// the hottest cut to an integer, the floor of the coldest less one. Raises Run_Time_Error when one
+/// is no 16-bit number.
 void Set_Temperature_Band(Database& db, float hottest, float coldest);
 
-/// The slot of `node` that leads to `far` (the first), or 0 when none does.
+/// The slot of `node` that leads to `far` (the first), or 0 when none does. Raises Run_Time_Error
+/// when `node` is outside the tables.
 int Find_Slot(const Database& db, int node, int far);
 
 }  // namespace branok

@@ -44,6 +44,15 @@ std::string Today() {
   return {text.data(), size};
 }
 
+const Database& Empty_Database() {
+  static const Database empty = [] {
+    Database db;
+    db.Root_Comm.fill(blank_comment);
+    return db;
+  }();
+  return empty;
+}
+
 void Set_Default_Parameters(Database& db) {
   db.Para_FlowTol = 0.1F;
   db.Para_Accel = 1.4F;
@@ -119,7 +128,6 @@ void Clear_Network(Database& db) {
   for (int i = 1; i <= max_nodes; ++i) {
     for (int j = 1; j <= max_slots; ++j) {
       Clear_Airway(db, i, j);
-      db.Root_Comm(j, i).clear();
     }
   }
   db.Node_Junc.fill(0);
@@ -157,7 +165,7 @@ void Set_Default_Airway(Database& db, int i, int slot) {
 }
 
 void New_Database(Database& db, std::string_view today) {
-  db = Database();
+  db = Empty_Database();
   Set_Default_Parameters(db);
   db.Mine_Name = "Sample      ";
   db.Mine_Date = today;
@@ -167,6 +175,7 @@ void New_Database(Database& db, std::string_view today) {
 
   db.Inlet_Node[1] = 1;
   db.MFan_Suction[1] = db.MFan_Discharge[1] = 5;
+  db.MFan_Surface[1] = 1;
   Set_Default_Fan(db, 1, 10000);
   Fill_Fan_Page(db, 1);
 }

@@ -94,7 +94,8 @@ class Panel {
   virtual void Set_Result_State(std::string_view kind) { result_state = kind; }
   std::string result_state = "none";
 
-  /// Called after a run has written values. A window repaints now and then; others do nothing.
+  /// Called after a run has written values. A window repaints now and then, under a Float_Faults of
+  /// its own, so that its arithmetic is not taken for the run's; others do nothing.
   virtual void refresh() {}
 
   virtual void pass_ended(const Pass_Report&) {}

@@ -106,6 +106,8 @@ Rights Rights_For(const fs::path& target) {
 // Another user's file stays his where the system allows it; its permissions must come out right.
 void Set_Rights(int descriptor, const Rights& rights, const fs::path& file) {
   const bool given = ::fchown(descriptor, rights.owner, rights.group) == 0;
+  // An ordinary user cannot give a file away, but may leave it to a group of his own.
+  if (!given) (void)!::fchown(descriptor, as_made_user, rights.group);
   const mode_t safe = given ? rights.permissions : rights.permissions & 0777;
   if (::fchmod(descriptor, safe) != 0) Fail(file, errno);
 }
@@ -119,13 +121,15 @@ void Sync_Folder(const fs::path& folder) {
 }  // namespace
 
 std::string Read_Whole(const fs::path& file) {
-  const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  // A pipe that nobody writes to would be waited for without end.
+  const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (opened.number() < 0) Fail(file, errno);
   struct stat status {};
   if (::fstat(opened.number(), &status) != 0) Fail(file, errno);
   if (S_ISDIR(status.st_mode)) Fail(file, EISDIR);
+  if (!S_ISREG(status.st_mode)) throw Run_Time_Error(file.string() + ": not a regular file");
 
-  // The size is a first guess only: a pipe has none, and a file may grow while it is read.
+  // The size is a first guess only: a file may grow while it is read.
   std::string bytes;
   std::size_t size = 0;
   const auto expected = static_cast<std::size_t>(status.st_size);

@@ -13,7 +13,7 @@ namespace branok {
 inline constexpr std::size_t largest_file = std::size_t{256} * 1024 * 1024;
 
 /// All bytes of a file. Raises Run_Time_Error, with the system's reason, when it is missing, cannot
-/// be read, is a folder or is larger than largest_file.
+/// be read, is a folder, a pipe or a device, or is larger than largest_file.
 std::string Read_Whole(const std::filesystem::path& file);
 
 /// Makes `bytes` the whole content of `file`. The bytes go to a new file in the same folder, which

@@ -5,6 +5,9 @@
 
 namespace branok {
 
+/// A database without anything in it: all counters 0, all texts empty, comments of airways blank.
+const Database& Empty_Database();
+
 /// Calculation parameters, options, colours and graphic parameters as a new database has them.
 void Set_Default_Parameters(Database& db);
 
@@ -12,7 +15,8 @@ void Set_Default_Parameters(Database& db);
 /// fourth resistance mark.
 void Set_File_Presets(Database& db);
 
-/// Main fan `f`'s default table: five points of head 100 up to 8000 m3/min at 500 r.p.m.
+/// Main fan `f`'s default table: five points of head 100 mmH2O up to 8000 m3/min at 500 r.p.m., and
+/// `limit_flow` in m3/min.
 void Set_Default_Fan(Database& db, int f, float limit_flow);
 
 /// Fills the edit copy of main fan `f`, as its page of the Database window shows it: node numbers,

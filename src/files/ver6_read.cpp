@@ -215,7 +215,7 @@ void Reader::Thermal_Rows() {
 bool Reader::Parameters() {
   const int count = lines_.fixed_lines(
       parameter::lines, [&](const Row_Reader& row, int n) { Parameter_Line(row, db_, n); });
-  const int last_month = static_cast<int>(Season_Name.size()) - 1;
+  constexpr int last_month = 12;
   if (db_.Para_Month < 0 || db_.Para_Month > last_month) Outside_Table(db_.Para_Month, last_month);
   if (db_.Wet_Tag == "evaporate") db_.Para_WetMode = 1;
   if (db_.Wet_Tag == "area") db_.Para_WetMode = 2;

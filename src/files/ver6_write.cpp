@@ -128,10 +128,10 @@ class Writer {
     Row([&](Row_Writer& row) { row.text(Tail{1}, text); });
   }
 
-  /// A text that the user typed: one that would be read back as a comment, and make every line
-  /// after it another one's, gets a blank in front.
+  /// A text that the user typed: one that would be read back as a comment or the end of a block,
+  /// and put every line after it in the wrong place, gets a blank in front.
   void Typed_Line(std::string_view text) {
-    Text_Line(Is_Comment(text) ? ' ' + std::string(text) : std::string(text));
+    Text_Line(text.starts_with('*') ? ' ' + std::string(text) : std::string(text));
   }
 
   void Begin() { template_.Copy_Comment_Block(out_); }

@@ -28,8 +28,10 @@ int Different_Flows(std::span<const double> flows) {
 
 // " + 3.7xQ": a term with its sign; a negative one stands with its own.
 std::string Term(float coefficient, const Picture& picture, std::string_view power) {
-  std::string term = coefficient >= 0 ? " + " : "";
-  term += picture(coefficient).view();
+  const Picture_Text number = picture(coefficient);
+  // A negative one that is shown as zero has no sign of its own.
+  std::string term = number.view().starts_with('-') ? "" : " + ";
+  term += number.view();
   term += power;
   return term;
 }
@@ -87,11 +89,13 @@ std::array<float, 16> Fit_Least_Square(int degree, std::span<const double> x,
       right[j] += basis[j] * y[i];
     }
   }
-  const std::array<double, 16> solution = Gauss_Reduce(static_cast<int>(m), normal, right);
   std::array<float, 16> coefficients{};
-  for (std::size_t k = 0; k < m; ++k) coefficients[k] = To_Single(solution[k + 1]);
   try {
     faults.check("the curve fit");
+    const std::array<double, 16> solution = Gauss_Reduce(static_cast<int>(m), normal, right);
+    for (std::size_t k = 0; k < m; ++k) coefficients[k] = To_Single(solution[k + 1]);
+  } catch (const Calculation_Fault&) {
+    throw;
   } catch (const Run_Time_Error& error) {
     throw Calculation_Fault("Least Square", error.what());
   }
@@ -123,6 +127,7 @@ std::array<double, 16> Gauss_Reduce(int n, Normal_Matrix a, std::array<double, 1
     double rest = b[row[k]];
     for (std::size_t j = k + 1; j <= size; ++j) rest -= a[row[k]][j] * solution[j];
     solution[k] = rest / a[row[k]][k];
+    if (!std::isfinite(solution[k])) Singular();
   }
   return solution;
 }

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "core/numbers.h"
+
 namespace branok {
 namespace {
 
@@ -24,6 +26,7 @@ TEST(Perimeter_From_Area, HasItsFactorByShape) {
   EXPECT_FLOAT_EQ(Perimeter_From_Area(4, 1), 7.48F);
   EXPECT_FLOAT_EQ(Perimeter_From_Area(4, 2), 8.0F);
   EXPECT_FLOAT_EQ(Perimeter_From_Area(4, 3), 8.0F);
+  EXPECT_THROW(Perimeter_From_Area(4, 4), Run_Time_Error);
 }
 
 TEST(Calc_Resist, RoundsToTwoDecimals) {

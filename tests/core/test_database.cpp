@@ -55,7 +55,9 @@ TEST(Reset, BeforeAReadGivesThePresentFansTheirDefaultTable) {
 TEST(Clear, AnAirwayCellBecomesZeroWithABlankComment) {
   Database db;
   New_Database(db, "x");
+  db.Root_Pict(1, 1, 2) = "a.bmp";
   Clear_Airway(db, 2, 1);
+  EXPECT_EQ(db.Root_Pict(1, 1, 2), "");
   EXPECT_EQ(db.Root_Resist(1, 2), 0);
   EXPECT_EQ(db.Root_Kind(1, 2), 0);
   EXPECT_EQ(db.Root_Comm(1, 2), blank_comment);

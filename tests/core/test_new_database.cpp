@@ -75,6 +75,7 @@ TEST_F(New_Mine, HasOneIntakeAndOneSurfaceFan) {
   EXPECT_EQ(db.Inlet_Node[1], 1);
   EXPECT_EQ(db.MFan_Suction[1], 5);
   EXPECT_EQ(db.MFan_Discharge[1], 5);
+  EXPECT_EQ(db.MFan_Surface[1], 1);
   EXPECT_EQ(db.MFan_StdRpm[1], 500);
   EXPECT_EQ(db.MFan_DriveRpm[1], 500);
   EXPECT_EQ(db.MFan_Ratio[1], 1);
