@@ -134,7 +134,8 @@ void See_Lone_Ends(const Database& db, std::vector<std::string>& causes) {
     const int s = db.MFan_Suction[f];
     const int d = db.MFan_Discharge[f];
     if (db.Node_JuncCount[s] == 0) {
-      causes.push_back("Main fan #" + No(f) + " stands at node " + No(s) + ", which has no airway.");
+      causes.push_back("Main fan #" + No(f) + " stands at node " + No(s) +
+                       ", which has no airway.");
     } else if (s != d && Find_Slot(db, s, d) == 0) {
       causes.push_back("No airway " + Airway(s, d) + " for underground main fan #" + No(f) + ".");
     }

@@ -15,8 +15,8 @@ namespace branok {
 std::vector<std::string> Network_Remarks(const Database& db);
 
 /// Likely causes of a failed flow run, the remarks among them, each a sentence that names the place
-/// and, where one is known, the cure. Empty when nothing suspicious is seen. Reads the tables as the
-/// run left them. Never throws Run_Time_Error.
+/// and, where one is known, the cure. Empty when nothing suspicious is seen. Reads the tables as
+/// the run left them. Never throws Run_Time_Error.
 std::vector<std::string> Likely_Causes(const Database& db);
 
 }  // namespace branok

@@ -34,6 +34,10 @@ Message File_Error(std::string_view title) {
   return Warning("Sorry, failed " + std::string(title) + " command.");
 }
 
+Message File_Not_Found(std::string_view name) {
+  return Warning("Not found \"" + std::string(name) + "\"file.\nPlease Try Again.");
+}
+
 Message Too_Many_Passes() {
   return Warning(
       "This calclation was interrupted by the number of iterations (>100) !\n"

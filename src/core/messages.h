@@ -14,6 +14,9 @@ Message Calculation_Error(std::string_view what);
 /// A file command or file operation that could not be done; `title` names it, with its quotes.
 Message File_Error(std::string_view title);
 
+/// A recent file that has gone.
+Message File_Not_Found(std::string_view name);
+
 /// The solver's own failures.
 Message Too_Many_Passes();
 Message Divergence();

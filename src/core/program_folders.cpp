@@ -17,11 +17,6 @@ fs::path From_Environment(const char* name) {
   return value == nullptr ? fs::path() : fs::path(value);
 }
 
-bool Holds_Template(const fs::path& folder) {
-  std::error_code absent;
-  return !folder.empty() && fs::exists(folder / "branok-def.cmt", absent);
-}
-
 fs::path User_Data_Folder() {
   const fs::path data = From_Environment("XDG_DATA_HOME");
   if (data.is_absolute()) return data / "branok";
@@ -36,15 +31,19 @@ fs::path Own_Folder(const fs::path& home, const fs::path& program) {
 
 }  // namespace
 
+fs::path Program_Folders::installed_file(std::string_view name) const {
+  std::error_code absent;
+  for (const fs::path& folder : installed) {
+    if (fs::exists(folder / name, absent)) return folder / name;
+  }
+  return installed.empty() ? fs::path(name) : installed.front() / name;
+}
+
 Program_Folders Find_Program_Folders(const fs::path& program) {
   const fs::path home = From_Environment("BRANOK_HOME");
-  Program_Folders folders{.own = Own_Folder(home, program), .installed = program};
-  for (const fs::path& folder : {home, program, program.parent_path() / "share/branok"}) {
-    if (Holds_Template(folder)) {
-      folders.installed = folder;
-      break;
-    }
-  }
+  Program_Folders folders{.own = Own_Folder(home, program),
+                          .installed = {program, program.parent_path() / "share/branok"}};
+  if (!home.empty()) folders.installed.insert(folders.installed.begin(), home);
   std::error_code no_folder;  // a save into it will tell
   fs::create_directories(folders.own, no_folder);
   return folders;

@@ -6,25 +6,30 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace branok {
 
 /// Where the program keeps and finds its own files.
 struct Program_Folders {
-  std::filesystem::path own;        ///< writable: branok.ini, UserDef.cmt
-  std::filesystem::path installed;  ///< branok-def.cmt, help, the folder DATA
+  std::filesystem::path own;                     ///< writable: branok.ini, UserDef.cmt
+  std::vector<std::filesystem::path> installed;  ///< where installed files are looked for, in order
+
+  /// An installed file or folder ("branok-def.cmt", "DATA"), each looked for by itself; where none
+  /// of the folders holds it, its place in the first one.
+  [[nodiscard]] std::filesystem::path installed_file(std::string_view name) const;
 
   [[nodiscard]] std::filesystem::path Ini_Path() const { return own / "branok.ini"; }
   [[nodiscard]] std::filesystem::path user_template() const { return own / "UserDef.cmt"; }
   [[nodiscard]] std::filesystem::path default_template() const {
-    return installed / "branok-def.cmt";
+    return installed_file("branok-def.cmt");
   }
 };
 
 /// The folders of the program that stands in `program`. Own is BRANOK_HOME when that is set, else
 /// the program's folder when it is writable, else $XDG_DATA_HOME/branok (~/.local/share/branok); it
-/// is made when it is missing. Installed is the first of BRANOK_HOME, the program's folder and
-/// ../share/branok beside it that holds the default template, or else the program's folder.
+/// is made when it is missing. Installed files are looked for in BRANOK_HOME, in the program's
+/// folder and in ../share/branok beside it.
 Program_Folders Find_Program_Folders(const std::filesystem::path& program);
 
 /// The folder of the running program.

@@ -1,21 +1,22 @@
 #include "files/project.h"
 
+#include <fstream>
+#include <system_error>
+
 #include "core/messages.h"
 
 namespace branok {
 
 namespace {
 
-// The comments of a save; false, after the message, when their template cannot be read.
-bool Load_Template(Comment_Template& comments, const std::filesystem::path& file,
-                   Dialogue& dialogue) {
+// The comments of a save. Raises Run_Time_Error when the default ones are missing; the open mine's
+// are at hand also when another program has taken the template away.
+Comment_Template Comments_For_Save(const Project& project, const Program_Folders& folders) {
+  if (project.db.Data_Ver != 6) return Comment_Template::Load(folders.default_template());
   try {
-    comments = Comment_Template::Load(file);
-    return true;
-  } catch (const Run_Time_Error& fault) {
-    dialogue.remark(fault.what());
-    dialogue.show(messages::File_Error("Save Ver.6 Data File"));
-    return false;
+    return Comment_Template::Load(folders.user_template());
+  } catch (const Run_Time_Error&) {
+    return project.comments;
   }
 }
 
@@ -30,11 +31,34 @@ void Become_Ver6(Database& db, const Comment_Template& comments, const Program_F
   }
 }
 
+// False, after the message, when the comments cannot be found or the file not be written.
+bool Write_With_Comments(Project& project, const std::filesystem::path& file,
+                         const Program_Folders& folders, Dialogue& dialogue) {
+  try {
+    project.comments = Comments_For_Save(project, folders);
+  } catch (const Run_Time_Error& fault) {
+    dialogue.remark(fault.what());
+    dialogue.show(messages::File_Error("Save Ver.6 Data File"));
+    return false;
+  }
+  return Write_Ver6(project.db, file, project.comments, dialogue);
+}
+
+// The file is the project's from now on, by a name that holds in every folder.
+void Take_File(Project& project, const std::filesystem::path& file, Settings& settings) {
+  std::error_code no_folder;
+  const std::filesystem::path full = std::filesystem::absolute(file, no_folder);
+  project.file = no_folder ? file : full;
+  project.db.Check_Count = 0;
+  Add_Recent(settings, project.file.string());
+}
+
 // What a failed read has left is no mine; only its version stays, which chooses the template.
-void Empty_After_Failure(Database& db) {
-  const std::int16_t version = db.Data_Ver;
-  Reset_Database(db);
-  db.Data_Ver = version;
+void Empty_After_Failure(Project& project) {
+  const std::int16_t version = project.db.Data_Ver;
+  Reset_Database(project.db);
+  project.db.Data_Ver = version;
+  project.file.clear();
 }
 
 void Keep_Comments(Read_Result& result, const Comment_Template& comments,
@@ -54,37 +78,39 @@ std::string Place(const Read_Result& result) {
 
 }  // namespace
 
-Read_Result Open_Project(Database& db, const std::filesystem::path& file,
+Read_Result Open_Project(Project& project, const std::filesystem::path& file,
                          const Program_Folders& folders, Settings& settings, Dialogue& dialogue) {
-  Reset_Database(db);
-  Comment_Template comments;
-  Read_Result result = Read_Ver6(db, file, comments, dialogue);
+  Reset_Database(project.db);
+  Read_Result result = Read_Ver6(project.db, file, project.comments, dialogue);
   const bool opened = result.line > 0;
-  if (opened) Keep_Comments(result, comments, folders, dialogue);
+  if (opened) Keep_Comments(result, project.comments, folders, dialogue);
   if (!result.ok) {
     dialogue.remark(Place(result) + result.fault);
-    Empty_After_Failure(db);
+    Empty_After_Failure(project);
     return result;
   }
-  db.Check_Count = 0;
-  Add_Recent(settings, file.string());
+  Take_File(project, file, settings);
   return result;
 }
 
-bool Save_Project(Database& db, const std::filesystem::path& file, const Program_Folders& folders,
-                  Settings& settings, Dialogue& dialogue, Save_Command command) {
-  const bool has_own_comments = db.Data_Ver == 6;
-  Comment_Template comments;
-  if (!Load_Template(comments,
-                     has_own_comments ? folders.user_template() : folders.default_template(),
-                     dialogue) ||
-      !Write_Ver6(db, file, comments, dialogue)) {
+Read_Result Open_Recent(Project& project, int row, const Program_Folders& folders,
+                        Settings& settings, Dialogue& dialogue) {
+  const std::string name = settings.Recent_File.at(static_cast<std::size_t>(row));
+  if (std::ifstream(name).good()) return Open_Project(project, name, folders, settings, dialogue);
+  dialogue.show(messages::File_Not_Found(name));
+  return {.ok = false, .line = 0, .fault = name + " cannot be opened", .silent = false};
+}
+
+bool Save_Project(Project& project, const std::filesystem::path& file,
+                  const Program_Folders& folders, Settings& settings, Dialogue& dialogue,
+                  Save_Command command) {
+  const bool has_own_comments = project.db.Data_Ver == 6;
+  if (!Write_With_Comments(project, file, folders, dialogue)) {
     if (command == Save_Command::save) dialogue.show(messages::File_Error("'Save'"));
     return false;
   }
-  if (!has_own_comments) Become_Ver6(db, comments, folders, dialogue);
-  db.Check_Count = 0;
-  Add_Recent(settings, file.string());
+  if (!has_own_comments) Become_Ver6(project.db, project.comments, folders, dialogue);
+  Take_File(project, file, settings);
   return true;
 }
 

@@ -143,6 +143,32 @@ TEST_F(Flow_Run, ASingularFanTableNamesTheReduction) {
   EXPECT_TRUE(dialogue.showed("Calculation Error about Gauss Reduction occurred"));
 }
 
+TEST_F(Flow_Run, AFaultOfTheCorrectionLeavesNoInfinitiesAndNoResults) {
+  ASSERT_TRUE(run().ok());
+  // Air so hot that its density vanishes in 32 bits, and the corrected flow with it.
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      db.Root_Temp(j, i) = 3e38F;
+      db.Root_Resist(j, i) *= 1e-2F;
+    }
+  }
+  dialogue.answers = {Answer::yes};
+  EXPECT_FALSE(run().ok());
+  EXPECT_EQ(db.Flag_Results, 0);
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      EXPECT_TRUE(std::isfinite(db.Root_Flow(j, i)));
+    }
+  }
+}
+
+TEST_F(Flow_Run, AFaultNamesTheFan) {
+  for (int k = 1; k <= 5; ++k) db.MFan_HQ_Head(k, 2) = -100;
+  EXPECT_FALSE(run().ok());
+  ASSERT_FALSE(dialogue.remarks.empty());
+  EXPECT_EQ(dialogue.remarks[0], "main fan #2: its curve is negative at every flow");
+}
+
 TEST_F(Flow_Run, OtherFaultsNameTheAirflow) {
   db.Flag_Season = 1;
   db.Para_Month = 13;

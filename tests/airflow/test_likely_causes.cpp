@@ -71,6 +71,21 @@ TEST_F(Causes, FanAtTheEndOfItsTable) {
   EXPECT_TRUE(Names(Likely_Causes(db), "end of its head-flow table"));
 }
 
+TEST_F(Causes, FansThatDivideByZero) {
+  db.MFan_Ratio[1] = 0;
+  db.AFan_Total = 1;
+  db.AFan_Suction[1] = 2;
+  db.AFan_Discharge[1] = 3;
+  const auto causes = Likely_Causes(db);
+  EXPECT_TRUE(Names(causes, "Main fan #1 does not turn"));
+  EXPECT_TRUE(Names(causes, "Assist fan 1 has a flow of 0"));
+}
+
+TEST_F(Causes, IntakeAndFanAtOneNode) {
+  db.Inlet_Node[1] = 5;
+  EXPECT_TRUE(Names(Likely_Causes(db), "Main fan #1 and intake 1 stand at the same node 5"));
+}
+
 TEST_F(Causes, BrokenNumbersAreNamedNotFollowed) {
   db.Node_Junc(1, 3) = 9999;
   EXPECT_NO_THROW(Likely_Causes(db));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -139,6 +141,31 @@ TEST_F(Batch_Program, AMineWithoutFansOrIntakesSaysSo) {
   EXPECT_TRUE(Has(no_inlet.err, "no intake"));
 }
 
+TEST_F(Batch_Program, WhatIsStrangeInTheNetworkIsToldAlsoWhenTheRunEndsWell) {
+  const Database sound = Make_Mine({.nodes = 30, .assist_fans = 1, .extra = 1});
+  EXPECT_EQ(Batch({file_of(sound), "--flow"}).err, "After confirmation, push button !\n");
+
+  const auto told = [this](const Database& db, std::string_view part) {
+    const Outcome o = Batch({file_of(db), "--flow"});
+    EXPECT_EQ(o.exit, Exit::done);
+    EXPECT_TRUE(Has(o.err, part)) << o.err;
+  };
+  Database db = sound;
+  Add_Airway(db, 40, 41, 1);
+  Add_Airway(db, 41, 42, 1);
+  told(db, "Node 40 cannot be reached from any intake");
+  db = sound;
+  db.Node_Total = 33;
+  db.Inlet_Node[2] = 33;
+  told(db, "Intake 2 stands at node 33, which has no airway");
+  db = sound;
+  db.AFan_Discharge[1] = 30;
+  told(db, "No airway 11-30 for assist fan 1");
+  db = sound;
+  Add_Airway(db, 3, 31, 1);
+  told(db, "Node 31 is a dead end whose airway carries ");
+}
+
 TEST_F(Batch_Program, SavedResultsComeBack) {
   const std::string saved = (folder.path() / "saved.abk").string();
   ASSERT_EQ(Batch({mine_a, "--flow", "--annual", "--save", saved}).exit, Exit::done);
@@ -261,6 +288,7 @@ TEST_F(Bad_File, EachGivesExitThreeAndIsLeftAlone) {
       {path("nan.abk"), nan},
       {path("huge.abk"), huge},
       {path("number.abk"), number},
+      {path("month.abk"), month},
   };
   for (const auto& [name, bytes] : files) {
     Write_Whole(name, bytes);
@@ -272,6 +300,14 @@ TEST_F(Bad_File, EachGivesExitThreeAndIsLeftAlone) {
   EXPECT_TRUE(Has(Batch({path("nan.abk")}).err, "Sorry, failed Read Ver.6 Data File command."));
   EXPECT_TRUE(Has(Batch({path("nan.abk")}).err, "line 49")) << Batch({path("nan.abk")}).err;
   EXPECT_FALSE(Has(Batch({path("old.abk")}).err, "Sorry"));
+}
+
+TEST_F(Bad_File, APipeIsRefused) {
+  const std::string pipe = (folder.path() / "pipe").string();
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const Outcome o = Batch({pipe, "--flow"});
+  EXPECT_EQ(o.exit, Exit::file_failed);
+  EXPECT_TRUE(Has(o.err, "not a regular file"));
 }
 
 TEST_F(Bad_File, MissingFoldersAndUnreadable) {

@@ -107,18 +107,19 @@ TEST_F(Folders, are_the_programs_own_when_that_can_be_written) {
   Write_Whole(place_ / "share/branok/branok-def.cmt", "");
   const Program_Folders folders = Find_Program_Folders(program_);
   EXPECT_EQ(folders.own, program_);
-  EXPECT_EQ(folders.installed, program_);
+  EXPECT_EQ(folders.default_template(), program_ / "branok-def.cmt");
   EXPECT_EQ(folders.Ini_Path(), program_ / "branok.ini");
 }
 
 TEST_F(Folders, are_shared_and_the_users_when_it_cannot) {
   Write_Whole(place_ / "share/branok/branok-def.cmt", "");
-  EXPECT_EQ(Find_Program_Folders(program_).installed, place_ / "share/branok");
+  EXPECT_EQ(Find_Program_Folders(program_).default_template(),
+            place_ / "share/branok/branok-def.cmt");
   // A folder that is not there cannot be written either.
   const Program_Folders folders = Find_Program_Folders(place_ / "other");
   EXPECT_EQ(folders.own, place_ / "data/branok");
   EXPECT_TRUE(fs::is_directory(folders.own));
-  EXPECT_EQ(folders.installed, place_ / "share/branok");
+  EXPECT_EQ(folders.default_template(), place_ / "share/branok/branok-def.cmt");
 }
 
 TEST_F(Folders, follow_BRANOK_HOME) {
@@ -126,9 +127,12 @@ TEST_F(Folders, follow_BRANOK_HOME) {
   const fs::path home = place_ / "home";
   ::setenv("BRANOK_HOME", home.c_str(), 1);
   EXPECT_EQ(Find_Program_Folders(program_).own, home);
-  EXPECT_EQ(Find_Program_Folders(program_).installed, program_);
+  EXPECT_EQ(Find_Program_Folders(program_).default_template(), program_ / "branok-def.cmt");
   Write_Whole(home / "branok-def.cmt", "");
-  EXPECT_EQ(Find_Program_Folders(program_).installed, home);
+  EXPECT_EQ(Find_Program_Folders(program_).default_template(), home / "branok-def.cmt");
+  // Each installed file is looked for by itself.
+  fs::create_directory(program_ / "DATA");
+  EXPECT_EQ(Find_Program_Folders(program_).installed_file("DATA"), program_ / "DATA");
 }
 
 TEST_F(Folders, of_the_running_program_hold_it) {

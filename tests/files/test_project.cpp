@@ -13,27 +13,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Project : public testing::Test {
+class Project_Commands : public testing::Test {
  protected:
   void SetUp() override {
     fs::create_directory(home_.path() / "own");
     Write_Whole(file_, Golden("ver6-comments.abk"));
   }
 
-  Read_Result open() { return Open_Project(db_, file_, folders_, settings_, user_); }
+  Read_Result open() { return Open_Project(project_, file_, folders_, settings_, user_); }
   bool save(Save_Command command = Save_Command::save) {
-    return Save_Project(db_, file_, folders_, settings_, user_, command);
+    return Save_Project(project_, file_, folders_, settings_, user_, command);
   }
 
   Temporary_Folder home_;
-  Program_Folders folders_{.own = home_ / "own", .installed = BRANOK_TEST_DATA};
+  Program_Folders folders_{.own = home_ / "own", .installed = {BRANOK_TEST_DATA}};
   fs::path file_ = home_ / "mine.abk";
-  Database db_;
+  Project project_;
+  Database& db_ = project_.db;
   Settings settings_;
   Test_Dialogue user_;
 };
 
-TEST_F(Project, opens_and_saves_what_it_has_opened) {
+TEST_F(Project_Commands, opens_and_saves_what_it_has_opened) {
   db_.Check_Count = 3;
   ASSERT_TRUE(open().ok);
   EXPECT_EQ(db_.Check_Count, 0);
@@ -47,13 +48,13 @@ TEST_F(Project, opens_and_saves_what_it_has_opened) {
   EXPECT_GT(user_.times_busy, 0);
 }
 
-TEST_F(Project, keeps_its_comments_in_the_users_template) {
+TEST_F(Project_Commands, keeps_its_comments_in_the_users_template) {
   ASSERT_TRUE(open().ok);
   const Comment_Template mine = Comment_Template::Load(folders_.user_template());
   EXPECT_EQ(mine.text().substr(0, 11), "* block 1\r\n");
 }
 
-TEST_F(Project, that_is_new_is_saved_with_the_default_comments_and_keeps_them) {
+TEST_F(Project_Commands, that_is_new_is_saved_with_the_default_comments_and_keeps_them) {
   New_Database(db_, "2024/01/02");
   ASSERT_TRUE(save(Save_Command::save_as));
   EXPECT_EQ(db_.Data_Ver, 6);
@@ -66,9 +67,9 @@ TEST_F(Project, that_is_new_is_saved_with_the_default_comments_and_keeps_them) {
   EXPECT_EQ(Read_Whole(file_), first);
 }
 
-TEST_F(Project, without_a_template_is_not_saved) {
+TEST_F(Project_Commands, without_a_template_is_not_saved) {
   New_Database(db_, "2024/01/02");
-  folders_.installed = home_ / "nothing";
+  folders_.installed = {home_ / "nothing"};
   EXPECT_FALSE(save(Save_Command::save_as));
   ASSERT_EQ(user_.shown.size(), 1U);
   EXPECT_EQ(user_.shown[0].text, "Sorry, failed Save Ver.6 Data File command.");
@@ -81,11 +82,11 @@ TEST_F(Project, without_a_template_is_not_saved) {
   EXPECT_EQ(user_.shown[1].text, "Sorry, failed 'Save' command.");
 }
 
-TEST_F(Project, that_cannot_be_written_changes_nothing) {
+TEST_F(Project_Commands, that_cannot_be_written_changes_nothing) {
   ASSERT_TRUE(open().ok);
   db_.Check_Count = 1;
   settings_ = {};
-  EXPECT_FALSE(Save_Project(db_, home_ / "no folder/mine.abk", folders_, settings_, user_));
+  EXPECT_FALSE(Save_Project(project_, home_ / "no folder/mine.abk", folders_, settings_, user_));
   EXPECT_EQ(db_.Check_Count, 1);
   EXPECT_EQ(settings_, Settings{});
   EXPECT_TRUE(user_.showed("Sorry, failed Save Ver.6 Data File command."));
@@ -93,7 +94,7 @@ TEST_F(Project, that_cannot_be_written_changes_nothing) {
   EXPECT_EQ(user_.busy_depth, 0);
 }
 
-TEST_F(Project, of_another_version_leaves_an_empty_database_without_a_message) {
+TEST_F(Project_Commands, of_another_version_leaves_an_empty_database_without_a_message) {
   New_Database(db_, "2024/01/02");
   Write_Whole(file_, "BRANOK Data File Version 7\r\n");
   const Read_Result result = open();
@@ -104,7 +105,7 @@ TEST_F(Project, of_another_version_leaves_an_empty_database_without_a_message) {
   EXPECT_EQ(settings_, Settings{});
 }
 
-TEST_F(Project, with_a_fault_leaves_an_empty_database_and_the_comments_before_it) {
+TEST_F(Project_Commands, with_a_fault_leaves_an_empty_database_and_the_comments_before_it) {
   Sections file(Golden("ver6-comments.abk"));
   file[6].emplace_back("    2     abc nowhere");
   Write_Whole(file_, file.text());
@@ -122,7 +123,50 @@ TEST_F(Project, with_a_fault_leaves_an_empty_database_and_the_comments_before_it
   EXPECT_EQ(kept.find("* block 10\r\n"), std::string::npos);
 }
 
-TEST_F(Project, that_cannot_be_opened_leaves_the_template) {
+TEST_F(Project_Commands, that_failed_to_open_has_no_file_to_save_over) {
+  ASSERT_TRUE(open().ok);
+  EXPECT_EQ(project_.file, file_);
+  const fs::path broken = home_ / "broken.abk";
+  Write_Whole(broken, "BRANOK Data File Version 6\r\nx");
+  EXPECT_FALSE(Open_Project(project_, broken, folders_, settings_, user_).ok);
+  EXPECT_TRUE(project_.file.empty());
+}
+
+TEST_F(Project_Commands, keeps_its_comments_when_the_template_is_taken_away) {
+  ASSERT_TRUE(open().ok);
+  fs::remove(folders_.user_template());
+  ASSERT_TRUE(save());
+  EXPECT_EQ(Read_Whole(file_), Golden("ver6-comments.abk"));
+}
+
+TEST_F(Project_Commands, is_remembered_by_its_full_name) {
+  const fs::path before = fs::current_path();
+  fs::current_path(home_.path());
+  EXPECT_TRUE(Open_Project(project_, "mine.abk", folders_, settings_, user_).ok);
+  fs::current_path(before);
+  EXPECT_EQ(settings_.Recent_File[0], file_.string());
+}
+
+TEST_F(Project_Commands, opens_a_recent_file) {
+  settings_.Recent_File[2] = file_.string();
+  EXPECT_TRUE(Open_Recent(project_, 2, folders_, settings_, user_).ok);
+  EXPECT_EQ(settings_.Recent_File[0], file_.string());
+}
+
+TEST_F(Project_Commands, a_recent_file_that_has_gone_leaves_everything_as_it_was) {
+  ASSERT_TRUE(open().ok);
+  settings_.Recent_File[1] = (home_ / "gone.abk").string();
+  const Settings settings = settings_;
+  const Database before = db_;
+  EXPECT_FALSE(Open_Recent(project_, 1, folders_, settings_, user_).ok);
+  ASSERT_EQ(user_.shown.size(), 1U);
+  EXPECT_EQ(user_.shown[0].text,
+            "Not found \"" + settings.Recent_File[1] + "\"file.\nPlease Try Again.");
+  EXPECT_EQ(settings_, settings);
+  EXPECT_TRUE(db_ == before);
+}
+
+TEST_F(Project_Commands, that_cannot_be_opened_leaves_the_template) {
   ASSERT_TRUE(open().ok);
   const Comment_Template before = Comment_Template::Load(folders_.user_template());
   fs::remove(file_);
@@ -131,7 +175,7 @@ TEST_F(Project, that_cannot_be_opened_leaves_the_template) {
   EXPECT_EQ(Comment_Template::Load(folders_.user_template()), before);
 }
 
-TEST_F(Project, whose_comments_cannot_be_kept_is_not_opened) {
+TEST_F(Project_Commands, whose_comments_cannot_be_kept_is_not_opened) {
   folders_.own = home_ / "nowhere";
   EXPECT_FALSE(open().ok);
   EXPECT_EQ(user_.shown.size(), 1U);
