@@ -118,6 +118,32 @@ TEST_F(Flow_Run, AnsweredCancelGoesOnWithFansAndIntakesReset) {
   EXPECT_EQ(db.Flag_Results, flag_true);
 }
 
+TEST_F(Flow_Run, AnsweredCancelKeepsTheOtherPressures) {
+  ASSERT_TRUE(run().ok());
+  const Database solved = db;
+  dialogue.answers = {Answer::cancel};
+  const Flow_Result kept = run();
+  db = solved;
+  dialogue.answers = {Answer::no};
+  const Flow_Result afresh = run();
+  ASSERT_TRUE(kept.ok());
+  ASSERT_TRUE(afresh.ok());
+  // Only the fans' surroundings are out of balance; afresh the whole mine is.
+  EXPECT_LT(kept.pass_imbalance[1], afresh.pass_imbalance[1] / 10);
+  EXPECT_LT(kept.passes, afresh.passes);
+}
+
+TEST_F(Flow_Run, ARestartWithoutResetTouchesFanAndIntakeNodesOnly) {
+  for (int i = 1; i <= db.Node_Total; ++i) db.Node_Press[i] = db.Node_PressInit[i] = -i;
+  Set_Initial_Press(db, panel, false);
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    // Fans start at 0.7 of their shut-off head of 200.
+    const double expected = db.Node_Type[i] == 1 ? 0 : db.Node_Type[i] == 2 ? -140 : -i;
+    EXPECT_NEAR(db.Node_Press[i], expected, 0.01) << i;
+    EXPECT_EQ(db.Node_PressInit[i], db.Node_Press[i]) << i;
+  }
+}
+
 TEST_F(Flow_Run, NoQuestionWithoutResults) {
   run();
   EXPECT_EQ(dialogue.shown.size(), 1U);

@@ -2,8 +2,8 @@
 #include "batch/commands.h"
 
 #include <gtest/gtest.h>
-
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -134,10 +134,12 @@ TEST_F(Batch_Program, AMineWithoutFansOrIntakesSaysSo) {
   Database db = Make_Mine({.nodes = 20});
   db.MFan_Total = 0;
   const Outcome no_fan = Batch({file_of(db), "--flow"});
+  EXPECT_EQ(no_fan.exit, Exit::done);  // air at rest is in balance: a result, if a useless one
   EXPECT_TRUE(Has(no_fan.err, "no main fan"));
   db = Make_Mine({.nodes = 20});
   db.Inlet_Total = 0;
   const Outcome no_inlet = Batch({file_of(db), "--flow"});
+  EXPECT_EQ(no_inlet.exit, Exit::done);
   EXPECT_TRUE(Has(no_inlet.err, "no intake"));
 }
 
@@ -310,9 +312,25 @@ TEST_F(Bad_File, APipeIsRefused) {
   EXPECT_TRUE(Has(o.err, "not a regular file"));
 }
 
-TEST_F(Bad_File, MissingFoldersAndUnreadable) {
+TEST_F(Bad_File, MissingFilesAndFolders) {
   EXPECT_EQ(Batch({(folder.path() / "none.abk").string()}).exit, Exit::file_failed);
   EXPECT_EQ(Batch({folder.path().string()}).exit, Exit::file_failed);
+}
+
+// The program in a process of its own, where no administrator may read everything.
+[[noreturn]] void Batch_As_Nobody(const std::vector<std::string>& words) {
+  constexpr uid_t nobody = 65534;
+  if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0)) ::_exit(99);
+  ::_exit(static_cast<int>(Run_Batch(words)));
+}
+
+TEST_F(Bad_File, Unreadable) {
+  namespace fs = std::filesystem;
+  const std::string file = file_of(Make_Mine({.nodes = 20}));
+  fs::permissions(folder.path(), fs::perms::all);
+  EXPECT_EXIT(Batch_As_Nobody({file}), testing::ExitedWithCode(0), "");
+  fs::permissions(file, fs::perms::none);
+  EXPECT_EXIT(Batch_As_Nobody({file}), testing::ExitedWithCode(3), "mine.abk.*Permission denied");
 }
 
 TEST_F(Bad_File, OutputThatCannotBeWritten) {

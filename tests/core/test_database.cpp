@@ -52,6 +52,25 @@ TEST(Reset, BeforeAReadGivesThePresentFansTheirDefaultTable) {
   EXPECT_EQ(db.Node_JuncCount[1], 0);
 }
 
+TEST(Clear, ANodeIsSetBackToItsPlaceInTheChainWithoutCommentAndPictures) {
+  Database db;
+  New_Database(db, "x");
+  db.Node_Elev[3] = -50;
+  db.Node_EW[3] = 7;
+  db.Node_SN[3] = 8;
+  db.Node_Comm[3] = "pump room";
+  for (int p = 1; p <= 3; ++p) db.Node_Pict(p, 3) = "pump.bmp";
+  db.Node_Comm[4] = "neighbour";
+  Clear_Node(db, 3);
+  EXPECT_EQ(db.Node_Elev[3], 0);
+  EXPECT_EQ(db.Node_EW[3], 200);
+  EXPECT_EQ(db.Node_SN[3], 0);
+  EXPECT_EQ(db.Node_Comm[3], "");
+  for (int p = 1; p <= 3; ++p) EXPECT_EQ(db.Node_Pict(p, 3), "") << p;
+  EXPECT_EQ(db.Node_Comm[4], "neighbour");
+  EXPECT_EQ(db.Node_JuncCount[3], 2);
+}
+
 TEST(Clear, AnAirwayCellBecomesZeroWithABlankComment) {
   Database db;
   New_Database(db, "x");
@@ -90,6 +109,14 @@ TEST_F(Loaded, AnUnconnectedNodeIsUsedWhenAFanStandsThere) {
   db.MFan_Suction[1] = db.MFan_Discharge[1] = 3;
   Derive_After_Load(db);
   EXPECT_EQ(db.Node_Used[3], 1);
+}
+
+TEST_F(Loaded, AnUnconnectedNodeIsUsedWhenAnIntakeStandsThere) {
+  db.Inlet_Total = 2;
+  db.Inlet_Node[2] = 3;
+  Derive_After_Load(db);
+  EXPECT_EQ(db.Node_Used[3], 1);
+  EXPECT_EQ(db.Node_Type[3], 1);
 }
 
 TEST_F(Loaded, ClassesFollowTheResistances) {

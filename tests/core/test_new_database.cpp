@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <string_view>
 
 #include "core/database.h"
 #include "core/sample.h"
@@ -113,22 +115,52 @@ TEST_F(New_Mine, HasTheStandardParameters) {
   EXPECT_EQ(db.Root_TypeMark, (std::array<float, 4>{40000, 20000, 10000, 200}));
 }
 
-TEST_F(New_Mine, HasTheStandardColoursAndGraphicParameters) {
-  EXPECT_EQ(db.Graph_Color[1], 16776960);  // 0, 255, 255
-  EXPECT_EQ(db.Graph_Color[8], 12632256);  // 192, 192, 192
-  EXPECT_EQ(db.Graph_Color[9], 8388608);   // 0, 0, 128
-  EXPECT_EQ(db.Graph_Color[10], 0);
+TEST_F(New_Mine, HasTheStandardColours) {
+  // Red, green and blue of the colours 1 to 10; stored as red + 256 green + 65536 blue.
+  const std::array<std::array<int, 3>, 10> colours = {{{0, 255, 255},
+                                                       {255, 255, 255},
+                                                       {255, 255, 0},
+                                                       {0, 255, 0},
+                                                       {0, 255, 255},
+                                                       {255, 0, 0},
+                                                       {0, 255, 0},
+                                                       {192, 192, 192},
+                                                       {0, 0, 128},
+                                                       {0, 0, 0}}};
+  for (int k = 1; k <= 10; ++k) {
+    const auto& [red, green, blue] = colours[static_cast<std::size_t>(k - 1)];
+    EXPECT_EQ(db.Graph_Color[k], red + 256 * green + 65536 * blue) << k;
+  }
   EXPECT_EQ(db.Cad_Color, db.Graph_Color);
   EXPECT_EQ(db.MaterialColor, 20640);  // 160, 80, 0
   EXPECT_EQ(db.BackColor, 8421504);    // 128, 128, 128
   EXPECT_EQ(db.GridColor, 0);
+}
+
+TEST_F(New_Mine, HasTheStandardGraphicParameters) {
   EXPECT_EQ(db.GPara_TransEW, 1000);
   EXPECT_EQ(db.GPara_TransNS, 100);
+  EXPECT_EQ(db.GPara_TransZ, 1000);
+  EXPECT_EQ(db.GPara_RotEW, 90);
+  EXPECT_EQ(db.GPara_RotSN, 90);
   EXPECT_EQ(db.GPara_RotVer, 180);
+  EXPECT_EQ(db.GPara_EWTimes, 1);
+  EXPECT_EQ(db.GPara_NSTimes, 1);
+  EXPECT_EQ(db.GPara_ElevTimes, 1);
   EXPECT_EQ(db.GPara_FarLength, 1500);
   EXPECT_EQ(db.GPara_DiaTimes, 2);
   EXPECT_EQ(db.Range_ZMax, 200);
   EXPECT_EQ(db.Range_ZMin, -500);
+}
+
+TEST_F(New_Mine, IsLookedAtFromTheStandardPlace) {
+  EXPECT_EQ(db.Cam_TranslateX, 0);
+  EXPECT_EQ(db.Cam_TranslateY, 0);
+  EXPECT_EQ(db.Cam_TranslateZ, -1750);
+  EXPECT_EQ(db.Cam_RotateX, -5);
+  EXPECT_EQ(db.Cam_RotateY, 0);
+  EXPECT_EQ(db.Cam_RotateZ, 0);
+  EXPECT_EQ(db.Cam_Zoom, 0.3F);
 }
 
 TEST_F(New_Mine, IsTheSameHoweverOftenItIsMade) {
@@ -141,14 +173,36 @@ TEST_F(New_Mine, IsTheSameHoweverOftenItIsMade) {
   EXPECT_EQ(again, db);
 }
 
-TEST(Vocabulary, IsCompleteAndFixed) {
-  EXPECT_EQ(Kind_Name[4], "Lining+St.Sup.");
-  EXPECT_EQ(Type_Name[6], "Close");
-  EXPECT_EQ(Season_Name[6], "early Summer ");
-  EXPECT_EQ(Season_Name[12], Season_Name[0]);
-  EXPECT_EQ(Season_Name[13], "");
-  EXPECT_EQ(Root_FricTable[4][1], 0.00088F);
-  EXPECT_EQ(Root_FricTable[6][2], 0.01F);
+template <std::size_t Size>
+using Words = std::array<std::string_view, Size>;
+
+TEST(Vocabulary, NamesEveryKindWindingShapeAndClass) {
+  EXPECT_EQ(Kind_Name, (Words<8>{"Steel Support", "Wood Support", "Smooth Lining", "Rough Lining",
+                                 "Lining+St.Sup.", "Non - Support", "Leak", "Air Duct"}));
+  EXPECT_EQ(Wind_Letter, (Words<3>{"A", "B", "C"}));
+  EXPECT_EQ(Wind_Name, (Words<3>{" A = Straight", " B = M. Curved", " C = H. Curved"}));
+  EXPECT_EQ(Shape_Letter, (Words<4>{"C", "H", "S", "R"}));
+  EXPECT_EQ(Type_Name, (Words<7>{"Open", "Door", "A.Fan", "Regu.", "2Doors", "Stop", "Close"}));
+}
+
+TEST(Vocabulary, NamesEverySeason) {
+  // The blank behind "early Summer" belongs to it: files are written with it.
+  EXPECT_EQ(Season_Name,
+            (Words<14>{"early Winter", "mid Winter", "late Winter", "early Spring", "mid Spring",
+                       "late Spring", "early Summer ", "mid Summer", "late Summer", "early Autumn",
+                       "mid Autumn", "late Autumn", "early Winter", ""}));
+}
+
+TEST(Vocabulary, HasTheStandardFrictionFactors) {
+  using Row = std::array<float, 3>;
+  EXPECT_EQ(Root_FricTable[0], (Row{0.0016F, 0.0018F, 0.0021F}));
+  EXPECT_EQ(Root_FricTable[1], (Row{0.0021F, 0.0023F, 0.0026F}));
+  EXPECT_EQ(Root_FricTable[2], (Row{0.0003F, 0.0005F, 0.0008F}));
+  EXPECT_EQ(Root_FricTable[3], (Row{0.0005F, 0.0007F, 0.001F}));
+  EXPECT_EQ(Root_FricTable[4], (Row{0.00065F, 0.00088F, 0.0011F}));
+  EXPECT_EQ(Root_FricTable[5], (Row{0.0014F, 0.0016F, 0.0019F}));
+  EXPECT_EQ(Root_FricTable[6], (Row{0.01F, 0.01F, 0.01F}));
+  EXPECT_EQ(Root_FricTable[7], (Row{0.0002F, 0.0004F, 0.0006F}));
 }
 
 TEST(Today_Text, IsADate) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
+#include <cstdlib>
+
+#include "support/german_locale.h"
 
 namespace branok {
 namespace {
@@ -84,13 +86,15 @@ TEST(Parsing, IntegersAreRoundedToTheEvenNeighbour) {
   EXPECT_THROW(Parse_Int16("40000"), Run_Time_Error);
 }
 
-TEST(Parsing, DoesNotDependOnTheLocale) {
-  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-  // Where the German locale is installed its decimal comma must change nothing.
-  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+class Parsing_In_Germany : public German_Locale {};
+
+TEST_F(Parsing_In_Germany, TakesThePointAndNotTheComma) {
+  ASSERT_EQ(std::strtod("1,5", nullptr), 1.5);
   EXPECT_EQ(Parse_Double("1.5"), 1.5);
+  EXPECT_EQ(Parse_Double("1.2E+03"), 1200);
+  EXPECT_EQ(Parse_Single("0.25"), 0.25F);
+  EXPECT_EQ(Parse_Int16("2.5"), 2);
   EXPECT_THROW(Parse_Double("1,5"), Run_Time_Error);
-  std::setlocale(LC_NUMERIC, before.c_str());
 }
 
 TEST(Parsing, TrimTakesBlanksAndTabsAtTheEnds) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +10,7 @@
 #include <random>
 
 #include "core/numbers.h"
+#include "support/german_locale.h"
 
 namespace branok {
 namespace {
@@ -103,12 +103,13 @@ TEST(Pictures, RefuseWhatIsNoNumber) {
   EXPECT_THROW(Shown("0.0E+00", -std::numeric_limits<double>::infinity()), Run_Time_Error);
 }
 
-TEST(Pictures, DoNotDependOnTheLocale) {
-  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+class Pictures_In_Germany : public German_Locale {};
+
+TEST_F(Pictures_In_Germany, ShowThePointAndNotTheComma) {
   EXPECT_EQ(Shown("##0.00", 3.5F), "3.50");
+  EXPECT_EQ(Shown("##0.0000000000", -101.25), "-101.2500000000");
   EXPECT_EQ(Shown("0.00E-00", 3.5), "3.50E00");
-  std::setlocale(LC_NUMERIC, before.c_str());
+  EXPECT_EQ(Shown("####0", 12345), "12345");
 }
 
 // Against the C library on random numbers: it rounds the exact binary value, so its seven digits

@@ -55,6 +55,15 @@ TEST_F(Settings_File, is_read_whatever_its_bytes) {
   EXPECT_EQ(settings.Recent_File[1].find('\0'), std::string::npos);
 }
 
+TEST_F(Settings_File, cuts_a_name_at_a_NUL) {
+  const std::string bytes("[Files]\n1=first\n2=b\0c\n", 22);
+  ASSERT_EQ(bytes.substr(18), std::string("b\0c\n", 4));
+  Write_Whole(ini_, bytes);
+  const Settings settings = Load_Settings(ini_);
+  EXPECT_EQ(settings.Recent_File[0], "first");
+  EXPECT_EQ(settings.Recent_File[1], "b");
+}
+
 TEST_F(Settings_File, cuts_long_names) {
   Write_Whole(ini_, "[Files]\n1=" + std::string(400, 'n') + "\n");
   EXPECT_EQ(Load_Settings(ini_).Recent_File[0], std::string(259, 'n'));

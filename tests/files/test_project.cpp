@@ -5,6 +5,7 @@
 
 #include "core/safe_file.h"
 #include "files/ver6_text.h"
+#include "support/german_locale.h"
 #include "support/temporary_folder.h"
 #include "support/test_doors.h"
 
@@ -180,6 +181,16 @@ TEST_F(Project_Commands, whose_comments_cannot_be_kept_is_not_opened) {
   EXPECT_FALSE(open().ok);
   EXPECT_EQ(user_.shown.size(), 1U);
   EXPECT_EQ(db_.Node_Total, 0);
+}
+
+class Project_In_Germany : public German_Locale {};
+
+TEST_F(Project_In_Germany, reads_and_writes_the_same_file) {
+  const Loaded mine(Golden("ver6-comments.abk"));
+  ASSERT_TRUE(mine.result.ok) << mine.result.fault;
+  EXPECT_EQ(mine.db.Node_Press[2], -101.1234567891);
+  EXPECT_EQ(mine.db.Para_RockDiff, 0.0059F);
+  EXPECT_EQ(mine.text(), Golden("ver6-comments.abk"));
 }
 
 TEST(Default_File_Name, is_the_start_of_the_mines_name) {

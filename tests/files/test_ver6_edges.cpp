@@ -1,6 +1,7 @@
 // What a reader meets in real files: missing lines, wrong numbers, other versions, wide values.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 
 #include "files/ver6_text.h"
@@ -217,6 +218,32 @@ TEST(Airways, fewer_than_the_node_says_lower_its_count) {
   EXPECT_EQ(mine.db.Node_Junc(3, 2), 0);
 }
 
+TEST(Airways, more_than_the_node_says_raise_its_count) {
+  Sections file;
+  Put(file[2][0], 55, "       3");  // a second far node that its count of 1 leaves out
+  std::string line = file[4][0];    // 1 to 2
+  Put(line, 4, "    3");
+  Put(line, 9, "       7.500");
+  file[4].insert(file[4].begin() + 1, line);
+  const Loaded mine = Read(file);
+  ASSERT_TRUE(mine.result.ok) << mine.result.fault;
+  EXPECT_EQ(mine.db.Node_JuncCount[1], 2);
+  EXPECT_EQ(mine.db.Node_Junc(2, 1), 3);
+  EXPECT_FLOAT_EQ(mine.db.Root_Resist(1, 1), 1.25F);
+  EXPECT_FLOAT_EQ(mine.db.Root_Resist(2, 1), 7.5F);
+  EXPECT_EQ(mine.db.Node_UpCount[1], 2);
+  EXPECT_EQ(mine.db.Node_UpSlot(2, 1), 2);
+}
+
+TEST(Airways, more_than_the_node_says_may_lead_to_no_node) {
+  Sections file;
+  file[4].insert(file[4].begin(), file[4][0]);  // 1 to 2 twice
+  const Loaded mine = Read(file);
+  ASSERT_TRUE(mine.result.ok) << mine.result.fault;
+  EXPECT_EQ(mine.db.Node_JuncCount[1], 2);
+  EXPECT_EQ(mine.db.Node_Junc(2, 1), 0);
+}
+
 TEST(Airways, trust_the_far_nodes_of_the_nodes_section) {
   Sections file;
   std::swap(file[4][2], file[4][3]);  // 2 to 4 before 2 to 3
@@ -234,14 +261,31 @@ TEST(Airways, beyond_five_slots_are_an_error) {
 }
 
 TEST(Comments, after_the_first_row_are_lost_but_for_airways) {
-  Sections file;
-  for (const int section : {2, 3, 4, 6, 8, 11, 18}) {
-    file[section].insert(file[section].begin() + 1, "* in " + std::to_string(section));
+  const std::string unchanged = Sections().text();
+  for (const int section : {2, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 18, 19, 20}) {
+    Sections file;
+    // In sections 19 and 20 the rows begin behind a line of their own.
+    const int first_row = section >= 19 ? 1 : 0;
+    file[section].insert(file[section].begin() + first_row + 1, "* behind the first row");
+    const Loaded mine = Read(file);
+    ASSERT_TRUE(mine.result.ok) << section << ": " << mine.result.fault;
+    EXPECT_EQ(mine.text(), unchanged) << section;
   }
-  const std::string text = Read(file).text();
-  EXPECT_NE(text.find("* in 4\r\n"), std::string::npos);
-  for (const int section : {2, 3, 6, 8, 11, 18}) {
-    EXPECT_EQ(text.find("* in " + std::to_string(section) + "\r\n"), std::string::npos) << section;
+  Sections file;
+  file[4].insert(file[4].begin() + 1, "* behind the first row");
+  EXPECT_NE(Read(file).text().find("\r\n* behind the first row\r\n"), std::string::npos);
+}
+
+TEST(Comments, before_the_first_row_are_kept) {
+  for (int section = 2; section <= 20; ++section) {
+    Sections file;
+    file[section].insert(file[section].begin(), "* before the rows");
+    EXPECT_NE(Read(file).text().find("\r\n* before the rows\r\n"), std::string::npos) << section;
+  }
+  for (const int section : {17, 19, 20}) {
+    Sections file;
+    file[section].insert(file[section].begin() + 1, "* before the rows");
+    EXPECT_NE(Read(file).text().find("\r\n* before the rows\r\n"), std::string::npos) << section;
   }
 }
 
@@ -340,6 +384,17 @@ TEST(Parameters, keep_an_unknown_wet_wall_method_as_it_stands) {
   EXPECT_EQ(mine.text(), file.text());
 }
 
+TEST(Marks, may_stand_without_the_option) {
+  Sections file;
+  file[17].resize(1);
+  const Loaded mine = Read(file);
+  ASSERT_TRUE(mine.result.ok) << mine.result.fault;
+  EXPECT_EQ(mine.db.Root_TypeMark, (std::array<float, 4>{39000, 19000, 9000, 150}));
+  EXPECT_EQ(mine.db.Opt_MoveSel, 0);
+  EXPECT_EQ(mine.db.Node_Press[4], -210.01);
+  EXPECT_NE(mine.text().find("      150\r\n         0\r\n**\r\n"), std::string::npos);
+}
+
 TEST(Node_results, take_a_missing_pressure_from_the_first_far_node) {
   Sections file;
   file[18].erase(file[18].begin() + 2);  // node 3, which leads to node 2
@@ -363,6 +418,21 @@ TEST(Airway_results, know_their_kind_by_its_first_eleven_characters) {
   EXPECT_EQ(given.db.Flag_Annual, 0);
   EXPECT_EQ(given.db.Flag_Temp, 0);
   EXPECT_EQ(given.db.Flag_Results, flag_true);
+}
+
+TEST(Airway_results, may_be_missing_with_their_kind) {
+  Sections file;
+  file[19].clear();
+  const Loaded mine = Read(file);
+  ASSERT_TRUE(mine.result.ok) << mine.result.fault;
+  EXPECT_EQ(mine.db.Flag_Annual, 0);
+  EXPECT_EQ(mine.db.Flag_Temp, 0);
+  EXPECT_EQ(mine.db.Root_Flow(1, 1), 0);
+  EXPECT_EQ(mine.db.Flag_Results, flag_true);  // the nodes have theirs
+  EXPECT_EQ(mine.db.Node_Press[4], -210.01);
+  EXPECT_EQ(mine.db.Flag_Cad, flag_true);
+  EXPECT_EQ(mine.db.Cad_Color[1], 256);
+  EXPECT_FLOAT_EQ(mine.db.Node_CadX[1], 0.1F);
 }
 
 TEST(Airway_results, without_an_airway_are_passed_over) {

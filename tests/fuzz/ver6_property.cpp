@@ -47,8 +47,22 @@ std::size_t Data_Lines(std::string_view text) {
   return count;
 }
 
-// The next round's text.
-std::string Read_And_Write(const std::string& text) {
+// What one reading and writing makes of a file.
+struct Reread {
+  std::string text;
+  std::string comments;  // as read, without their places
+};
+
+std::string Without_Places(const Comment_Template& comments) {
+  std::string lines_only;
+  Text_Lines lines(comments.text());
+  for (std::string_view line; lines.next(line);) {
+    if (!line.starts_with("**")) lines_only.append(line).append("\n");
+  }
+  return lines_only;
+}
+
+Reread Read_And_Write(const std::string& text) {
   static Database db;  // made once: a fuzzer comes here millions of times
   Reset_Database(db);
   Comment_Template comments;
@@ -56,7 +70,31 @@ std::string Read_And_Write(const std::string& text) {
   if (!result.ok) {
     Fail("a written file cannot be read", std::to_string(result.line) + ": " + result.fault);
   }
-  return Ver6_Text(db, comments);
+  return {Ver6_Text(db, comments), Without_Places(comments)};
+}
+
+bool Has_Line(std::string_view text, std::string_view wanted) {
+  Text_Lines lines(text);
+  for (std::string_view line; lines.next(line);) {
+    if (line == wanted) return true;
+  }
+  return false;
+}
+
+// All comments in their order; between them only airway lines of `text` that have become comments.
+bool Keeps_Comments(std::string_view before, std::string_view after, std::string_view text) {
+  Text_Lines kept(before);
+  std::string_view expected;
+  bool more = kept.next(expected);
+  Text_Lines lines(after);
+  for (std::string_view line; lines.next(line);) {
+    if (more && line == expected) {
+      more = kept.next(expected);
+    } else if (!Has_Line(text, line.substr(1))) {
+      return false;
+    }
+  }
+  return !more;
 }
 
 }  // namespace
@@ -67,17 +105,20 @@ void Check_Ver6(std::string_view bytes) {
   Comment_Template comments;
   if (!Read_Ver6_Text(db, bytes, comments).ok) return;
   std::string text = Ver6_Text(db, comments);
+  std::string known = Without_Places(comments);
   if (Has_Two_Airways_To_One_Node(db) || Has_Smallest_Integer(db)) return;
 
   // A mine whose airways all lead to nodes in use is the same after one round, but for comments
   // that move up into a head without comments of its own. Each further round is owed to an airway
-  // line that has lost its far node.
+  // line that has lost its far node. Comments are kept in their order from the first reading on.
   constexpr int head_blocks = 4;
   for (std::size_t rounds = head_blocks + Data_Lines(text); rounds > 0; --rounds) {
-    const std::string next = Read_And_Write(text);
-    if (next == text) return;
-    if (Data_Lines(next) > Data_Lines(text)) Fail("a round adds lines", next);
-    text = next;
+    const Reread next = Read_And_Write(text);
+    if (!Keeps_Comments(known, next.comments, text)) Fail("a round changes comments", text);
+    if (next.text == text) return;
+    if (Data_Lines(next.text) > Data_Lines(text)) Fail("a round adds lines", next.text);
+    text = next.text;
+    known = next.comments;
   }
   Fail("writing and reading never come to rest", text);
 }
