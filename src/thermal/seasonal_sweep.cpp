@@ -172,6 +172,7 @@ void Sweep::carry_wave(const Inflow& inflow, int i, Sums& sums, const Float_Faul
   sums.Tau += tau_end * Qs;
 
   const double r = std::sqrt(1.27 * area) / 2;
+  // Without an area r is 0, so that the speed assumed then has no effect.
   const double alpha = Heat_Transfer(Air_Speed(Qs, area, 5.0), db_.Root_Kind(j, i));
   const Wave wave = Wave_In(db_.Para_TempDiff / 2.0, r * alpha / cond,
                             year_frequency * r * r / db_.Para_RockDiff);

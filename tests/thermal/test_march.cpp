@@ -189,7 +189,10 @@ TEST(March, CoolsMoistAirOnAColdWetWall) {
   airway.phi = 0.993F;
   airway.VRT = 17;
   airway.wet = 100;
-  airway.length = 30;
+  airway.flow = 0.5F;
+  airway.area = 1;
+  airway.peri = 4;
+  airway.rock_cond = 15;
   Expect_As_Plain(airway);
   EXPECT_LT(March(conditions).run(airway).x, airway.x);
 }
