@@ -18,7 +18,7 @@ Database Solved(Measured_Mine mine) {
   return db;
 }
 
-// Repetitions start from a copy, which is not timed.
+// Repetitions start from a copy, which is not timed. `run` tells whether it went well.
 template <class Run>
 void Measure(benchmark::State& state, const Database& start, Run run) {
   Database db = start;
@@ -29,14 +29,17 @@ void Measure(benchmark::State& state, const Database& start, Run run) {
     db = start;
     dialogue.shown.clear();
     state.ResumeTiming();
-    run(db, dialogue, panel);
+    if (!run(db, dialogue, panel)) {
+      state.SkipWithError("the run fails");
+      break;
+    }
   }
 }
 
 void Annual_Sweep_Alone(benchmark::State& state) {
   Measure(state, Solved(static_cast<Measured_Mine>(state.range(0))),
           [](Database& db, Dialogue& dialogue, Panel& panel) {
-            Calc_Annual_Temp(db, dialogue, panel);
+            return Calc_Annual_Temp(db, dialogue, panel).ok();
           });
 }
 
@@ -44,7 +47,9 @@ void Annual_Run(benchmark::State& state) {
   int sweeps = 0;
   Measure(state, Solved(static_cast<Measured_Mine>(state.range(0))),
           [&sweeps](Database& db, Dialogue& dialogue, Panel& panel) {
-            sweeps = Ana_Annual_Temp(db, dialogue, panel).sweeps;
+            const Annual_Result result = Ana_Annual_Temp(db, dialogue, panel);
+            sweeps = result.sweeps;
+            return result.ok();
           });
   state.counters["sweeps"] = sweeps;
 }
@@ -55,7 +60,7 @@ void Season_Run(benchmark::State& state) {
   Panel unseen;
   Ana_Annual_Temp(db, quiet, unseen);
   Measure(state, db, [](Database& mine, Dialogue& dialogue, Panel& panel) {
-    Ana_Season_Temp(mine, dialogue, panel);
+    return Ana_Season_Temp(mine, dialogue, panel).ok();
   });
 }
 

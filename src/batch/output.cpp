@@ -96,9 +96,7 @@ std::string Result_Tables(const Database& db) {
       "              (m3/min)  (m/sec)  (deg C)      (%)   (mmAq)\n";
   for (const Airway_Row& row : Airway_Rows(db)) {
     if (row.far < row.node) continue;  // each airway once, from its lower-numbered end
-    const std::string name = Right(std::to_string(row.node), 3) + (row.outward ? " -> " : " <- ") +
-                             Right(std::to_string(row.far), 3);
-    text += Right(name, 11) + Right(one(row.flow), 11) + Right(two(row.velocity), 9) +
+    text += Right(Airway_Ends(row), 11) + Right(one(row.flow), 11) + Right(two(row.velocity), 9) +
             Right(two(row.temp), 9) + Right(two(row.hum), 9) + Right(two(row.nvp), 9) + "  " +
             Left(Switch_Word(row.closed), 8) + To_Utf8(row.comment) + '\n';
   }

@@ -60,9 +60,10 @@ bool Settle(Database& db, Dialogue& dialogue, Panel& panel, const Flow_Solver& s
   return true;
 }
 
-void Run(Database& db, Dialogue& dialogue, Panel& panel, const Flow_Solver& solve, Busy& busy,
+void Run(Database& db, Dialogue& dialogue, Panel& panel, const Flow_Solver& solve,
          Annual_Result& result) {
   Init_Disp_Annual(db, panel);
+  Busy busy(dialogue);
   panel.pgbPercent[0] = 0;
   db.Para_FlowTol = 0.1F;
   Take_Wet_Mode(db);
@@ -89,7 +90,9 @@ void Init_Disp_Annual(Database& db, Panel& panel) {
   panel.lblDisp[0].set("for Anual Ave. Temp.");
   panel.lblDisp[8].set(0, whole);
   panel.lblDisp[9].set(node, whole);
-  panel.lblDisp[10].set(db.Para_RockTemp - depth * db.Para_RockGrad, one_decimal);
+  // As the march takes it: never colder than at the datum.
+  panel.lblDisp[10].set(
+      std::max<double>(db.Para_RockTemp - depth * db.Para_RockGrad, db.Para_RockTemp), one_decimal);
   panel.lblDisp[11].set(db.Para_IntakeTemp, two_decimals);
   panel.lblDisp[12].set(db.Para_IntakeTemp, two_decimals);
   panel.lblDisp[13].set(db.Para_IntakeWBT, two_decimals);
@@ -103,11 +106,9 @@ void Init_Disp_Annual(Database& db, Panel& panel) {
 Annual_Result Ana_Annual_Temp(Database& db, Dialogue& dialogue, Panel& panel,
                               const Flow_Solver& solve) {
   Annual_Result result;
-  Busy busy(dialogue);
   try {
-    Run(db, dialogue, panel, solve, busy, result);
+    Run(db, dialogue, panel, solve, result);
   } catch (const Run_Time_Error& error) {
-    busy.end();
     result.end = Annual_End::fault;
     result.fault = error.what();
     dialogue.show(messages::Calculation_Error("Annual Temp"));

@@ -60,7 +60,7 @@ class Sweep {
 
   void set_up();
   void set_node(int i);
-  void set_intake(int n, float ps, float phi0);
+  void set_intake(int n, float phi0);
   void set_densities(int i);
   void compute(int i);
   Airway_Air march_airway(const Inflow& inflow, int i, const Float_Faults& faults);
@@ -92,8 +92,7 @@ void Sweep::set_up() {
                   .rock_diff = db_.Para_RockDiff,
                   .wet_mode = db_.Para_WetMode});
   for (int i = 1; i <= db_.Node_Total; ++i) set_node(i);
-  const float ps = Calc_SatPress(db_.Para_IntakeTemp);
-  for (int k = 1; k <= db_.Inlet_Total; ++k) set_intake(db_.Inlet_Node[k], ps, phi0);
+  for (int k = 1; k <= db_.Inlet_Total; ++k) set_intake(db_.Inlet_Node[k], phi0);
   for (int i = 1; i <= db_.Node_Total; ++i) set_densities(i);
   faults_.check(at_start);
 }
@@ -115,12 +114,11 @@ void Sweep::set_node(int i) {
   for (int j = 1; j <= db_.Node_JuncCount[i]; ++j) db_.Root_Temp(j, i) = db_.Root_TempInit(j, i);
 }
 
-void Sweep::set_intake(int n, float ps, float phi0) {
+void Sweep::set_intake(int n, float phi0) {
   order_.set_intake(n);
   const float P = Node_Atm[At(n)];
   const float T = db_.Para_IntakeTemp;
-  const float x_s = Calc_SatHum(P, ps);
-  const auto x = static_cast<float>(x_s * Saturation_Ratio(phi0, x_s));
+  const float x = Calc_AbsHum(P, T, phi0);
   const float wet_bulb = Calc_WetBulb(P, T, x);
   faults_.check(at_start);
   db_.Node_DBT[n] = Node_Wall[At(n)] = T;
@@ -193,10 +191,11 @@ Airway_Air Sweep::march_airway(const Inflow& inflow, int i, const Float_Faults& 
                                      .rock_cond = db_.Root_RockCond(j, i),
                                      .kind = db_.Root_Kind(j, i)});
   faults.check("the air of an airway");
-  db_.Root_Temp(j, i) = To_Single(air.T_mid);
+  const float T_mid = To_Single(air.T_mid);
+  db_.Root_Temp(j, i) = T_mid;
   db_.Root_Hum(j, i) = air.phi_mid;
   if (inflow.back != 0) {
-    db_.Root_Temp(inflow.back, u) = air.T_mid;
+    db_.Root_Temp(inflow.back, u) = T_mid;
     db_.Root_Hum(inflow.back, u) = air.phi_mid;
   }
   return air;
@@ -206,9 +205,8 @@ void Sweep::mix(int i, Mixture& sums, const Float_Faults& faults) {
   const float P = Node_Atm[At(i)];
   // Without any inflow the node stays at 0 deg C and dry; the density only keeps it defined.
   if (sums.M == 0) sums.M = sums.Qn * db_.Root_Density(db_.Node_JuncCount[i], i);
-  const double mass = sums.M / sums.Qn * sums.Qn;
-  auto x = static_cast<float>(sums.Mx / mass);
-  float T = To_Single(sums.Mh / mass / Humid_Heat(x));
+  auto x = static_cast<float>(sums.Mx / sums.M);
+  float T = To_Single(sums.Mh / sums.M / Humid_Heat(x));
   auto h = static_cast<float>(Enthalpy(T, x));
   float x_s = Calc_SatHum(P, Calc_SatPress(T));
   if (x > x_s) {
@@ -217,7 +215,7 @@ void Sweep::mix(int i, Mixture& sums, const Float_Faults& faults) {
     x = x_s;
     h = static_cast<float>(Enthalpy(T, x));
   }
-  const float phi = To_Single(Relative_Humidity(x / x_s, x_s));
+  const float phi = To_Single(double{x} / x_s * (x_s + 0.622) / (x + 0.622));
   const float wet_bulb = Calc_WetBulb(P, T, x);
   const float wall = To_Single(sums.wall / sums.Qn);
   faults.check("the air of a node");

@@ -59,7 +59,8 @@ void Flow_Order::set_intake(int node) {
 }
 
 bool Flow_Order::begin_pass() {
-  if (++passes_ > most_passes) return false;
+  if (passes_ == most_passes) return false;
+  ++passes_;
   left_ = 0;
   read_ = kept_ = 0;
   current_ = 0;
@@ -116,11 +117,9 @@ bool Flow_Order::another_pass() {
   return again;
 }
 
-bool Flow_Order::left_out(const Inflow& inflow, bool limit_left_out) const {
-  if (Node_State[static_cast<std::size_t>(inflow.from)] != 0) return false;
-  const double limit =
-      double{Recirc_Ratio_} * double{Node_Inflow[static_cast<std::size_t>(current_)]};
-  return inflow.flow > limit || (limit_left_out && inflow.flow == limit);
+// The node in hand is ready: what it still lacks is smaller than the allowed share.
+bool Flow_Order::left_out(const Inflow& inflow) const {
+  return Node_State[static_cast<std::size_t>(inflow.from)] == 0;
 }
 
 void Flow_Order::log_left_out(Label& label, std::string_view gap, const Picture& ratio) {

@@ -57,8 +57,8 @@ class Flow_Order {
   bool another_pass();
 
   /// Whether this inflow of the node in hand is left out, because it is small and its air is not
-  /// yet known. An inflow of just the allowed share is taken, or with `limit_left_out` left out.
-  [[nodiscard]] bool left_out(const Inflow& inflow, bool limit_left_out = false) const;
+  /// yet known. (An inflow of just the allowed share keeps its node waiting.)
+  [[nodiscard]] bool left_out(const Inflow& inflow) const;
 
   /// Remembers a left-out inflow of the node in hand, as one line: the count of standstills, the
   /// node, `gap`, and the allowed share in `ratio`. Shows it in `label`, after the lines before it.

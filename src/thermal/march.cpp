@@ -32,7 +32,7 @@ Segment Set_Segment(const Airway& airway, double Qs, double alpha, double w, flo
   const double rise = airway.to_elev - airway.from_elev;
   const double dz = rise / segment.count;
   segment.step = static_cast<int>(Int(dz));
-  To_Int16(airway.from_elev + double{1} * segment.count * segment.step);
+  To_Int16(airway.from_elev + static_cast<double>(segment.count) * segment.step);
   segment.Q3600 = 3600 * Qs;
 
   const double dl = double{airway.length} / segment.count;
@@ -135,7 +135,8 @@ Airway_Air March::run(const Airway& airway) {
 
     if (air.T - Tr_ > hottest_over_rock) air.T = limit;
     air.set_density();
-    air.T = std::min(static_cast<float>(air.T + Ht / (air.rho * c_ * segment.Q3600)), limit);
+    air.T =
+        std::min(static_cast<float>(air.T + Ht / (double{air.rho} * c_ * segment.Q3600)), limit);
     air.set_saturation();
     if (air.x > air.x_s) Condense(air, limit);
     air.psi = air.x / air.x_s;

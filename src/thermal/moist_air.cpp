@@ -89,15 +89,16 @@ float Calc_WetBulb(float P, float T, float x) {
   }
   if (!(p1 < pv)) return Tw1;  // exactly on the target
   float Tw2 = static_cast<float>(Tw1 + 1.0);
-  // At the floor of the psychrometer relation: walk back out of it.
-  while (p1 == 0) {
+  // At the floor of the psychrometer relation: walk back out of it. Where the floor reaches up to
+  // Tw2, as in almost dry air above the boiling point, the walk ends there.
+  float before = Tw2;
+  while (p1 == 0 && Tw1 != before) {
+    before = Tw1;
     Tw1 = static_cast<float>((double{Tw1} + Tw2) / 2);
     p1 = Calc_VapPress(P, T, Tw1);
-    if (++steps > most_steps) No_Wet_Bulb();
   }
   const float p2 = Calc_VapPress(P, T, Tw2);
-  if (p2 == p1) p1 = 0;
-  if (p2 == p1) return Tw2;
+  if (p2 == p1) return Tw2;  // then Tw1 is Tw2, or both are on the floor
   const double w = (double{pv} - p1) / (double{p2} - p1);
   return static_cast<float>((1 - w) * Tw1 + w * Tw2);
 }

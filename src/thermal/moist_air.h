@@ -39,7 +39,8 @@ inline float Density_At(float T, double pressure) {
 float Calc_VapPress(float P, float T, float& Tw);
 
 /// Wet bulb of air of dry bulb T and humidity ratio x: steps of one degree down from T, then
-/// linear between the two that enclose it. Raises Run_Time_Error where 10000 steps find none.
+/// linear between the two that enclose it; T itself where even saturated air has no vapour
+/// pressure to step down from. Raises Run_Time_Error where 10000 steps find none.
 float Calc_WetBulb(float P, float T, float x);
 
 /// Temperature of saturated air of enthalpy h (kcal/kg), linear between tenths of a degree: how

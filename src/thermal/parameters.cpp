@@ -81,8 +81,8 @@ std::string Short(double value) {
 // held, so that a bound itself passes.
 double Read_Value(const Parameter& parameter, std::string_view text) {
   try {
-    const double value =
-        parameter.real != nullptr ? double{Parse_Single(text)} : double{1} * Parse_Int16(text);
+    const double value = parameter.real != nullptr ? double{Parse_Single(text)}
+                                                   : static_cast<double>(Parse_Int16(text));
     if (value >= static_cast<float>(parameter.low) && value <= static_cast<float>(parameter.high)) {
       return value;
     }
@@ -100,10 +100,26 @@ void Store(Database& db, const Parameter& parameter, double value) {
   }
 }
 
+// Stores the values of these parameters and lets the intake's wet bulb follow. Where it cannot, all
+// is as before.
+void Commit(Database& db, std::span<const Parameter> rows, std::span<const double> values) {
+  std::array<double, parameters.size()> before{};
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    before[row] = rows[row].get(db);
+    Store(db, rows[row], values[row]);
+  }
+  try {
+    Derive_Intake_WBT(db);
+  } catch (const Run_Time_Error&) {
+    for (std::size_t row = 0; row < rows.size(); ++row) Store(db, rows[row], before[row]);
+    throw;
+  }
+}
+
 }  // namespace
 
 double Parameter::get(const Database& db) const {
-  return real != nullptr ? double{db.*real} : double{1} * db.*integer;
+  return real != nullptr ? double{db.*real} : static_cast<double>(db.*integer);
 }
 
 std::span<const Parameter> Calculation_Parameters() { return parameters; }
@@ -133,14 +149,11 @@ void Set_Parameter(Database& db, std::string_view name, std::string_view text) {
   if (parameter->entry == Entry::derived) {
     throw Run_Time_Error(std::string(name) + " follows from other parameters and cannot be set");
   }
-  const double before = parameter->get(db);
-  Store(db, *parameter, Read_Value(*parameter, text));
-  if (name != "Para_IntakeTemp" && name != "Para_IntakeHum") return;
-  try {
-    Derive_Intake_WBT(db);
-  } catch (const Run_Time_Error&) {
-    Store(db, *parameter, before);
-    throw;
+  const double value = Read_Value(*parameter, text);
+  if (name == "Para_IntakeTemp" || name == "Para_IntakeHum") {
+    Commit(db, {parameter, 1}, {&value, 1});
+  } else {
+    Store(db, *parameter, value);
   }
 }
 
@@ -148,17 +161,15 @@ std::optional<Parameter_Fault> Fix_Parameters(Database& db, std::span<const std:
   std::array<double, parameters.size()> values{};
   const std::size_t rows = std::min(texts.size(), parameters.size());
   for (std::size_t row = 0; row < rows; ++row) {
-    if (parameters[row].entry == Entry::derived) continue;
+    const Parameter& parameter = parameters[row];
     try {
-      values[row] = Read_Value(parameters[row], texts[row]);
+      values[row] =
+          parameter.entry == Entry::derived ? parameter.get(db) : Read_Value(parameter, texts[row]);
     } catch (const Run_Time_Error& error) {
       return Parameter_Fault{.row = static_cast<int>(row), .text = error.what()};
     }
   }
-  for (std::size_t row = 0; row < rows; ++row) {
-    if (parameters[row].entry != Entry::derived) Store(db, parameters[row], values[row]);
-  }
-  Derive_Intake_WBT(db);
+  Commit(db, std::span(parameters).first(rows), values);
   return std::nullopt;
 }
 

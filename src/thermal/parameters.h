@@ -62,7 +62,8 @@ struct Parameter_Fault {
 
 /// "OK/Fix" of the parameter grid: `texts` are its rows' values in order (the derived row's text is
 /// not read, the month's is its number). Tests every row; when all pass, commits them and derives
-/// Para_IntakeWBT. Else reports the first that does not, and changes nothing.
+/// Para_IntakeWBT. Else reports the first that does not, and changes nothing. Raises
+/// Run_Time_Error, and changes nothing, where the intake's air has no wet bulb.
 std::optional<Parameter_Fault> Fix_Parameters(Database& db, std::span<const std::string> texts);
 
 /// The intake air at the annual average.

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "core/numbers.h"
+
 namespace branok {
 
 namespace {
@@ -14,6 +16,12 @@ float Shown_Nvp(const Database& db, int i, int j, int level_diff) {
   const double outside = 1.293 / (1 + 0.0037 * db.Para_IntakeTemp);
   const double inside = 1.293 / (1 + 0.0037 * db.Root_Temp(j, i));
   return static_cast<float>((outside - inside) * std::exp(-mean / 8620) * level_diff);
+}
+
+// A node number right-aligned in three characters.
+std::string In_Three(int number) {
+  const std::string digits = std::to_string(number);
+  return std::string(digits.size() < 3 ? 3 - digits.size() : 0, ' ') + digits;
 }
 
 }  // namespace
@@ -40,6 +48,7 @@ std::vector<Airway_Row> Airway_Rows(const Database& db) {
   for (int i = 1; i <= db.Node_Total; ++i) {
     for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
       const int far = db.Node_Junc(j, i);
+      if (far < 1 || far > db.Node_Total) Outside_Table(far, db.Node_Total);
       const float flow = db.Root_Flow(j, i);
       const float area = db.Root_Area(j, i);
       const int level_diff = db.Node_Elev[far] - db.Node_Elev[i];
@@ -60,12 +69,11 @@ std::vector<Airway_Row> Airway_Rows(const Database& db) {
   return rows;
 }
 
-std::string Airway_Name(const Airway_Row& row) {
-  // The numbers stand right-aligned in three characters; the name as a whole is trimmed.
-  const std::string far = std::to_string(row.far);
-  const std::string pad(far.size() < 3 ? 3 - far.size() : 0, ' ');
-  return std::to_string(row.node) + (row.outward ? " -> " : " <- ") + pad + far;
+std::string Airway_Ends(const Airway_Row& row) {
+  return In_Three(row.node) + (row.outward ? " -> " : " <- ") + In_Three(row.far);
 }
+
+std::string Airway_Name(const Airway_Row& row) { return std::string(Trim(Airway_Ends(row))); }
 
 std::string_view Switch_Word(bool closed) { return closed ? "Close" : " Open"; }
 

@@ -36,10 +36,15 @@ struct Airway_Row {
 /// Connected nodes, ascending.
 std::vector<Node_Row> Node_Rows(const Database& db);
 
-/// Slots of the connected nodes, in slot order. Raises Run_Time_Error on a connection to no node.
+/// Slots of the connected nodes, in slot order. Raises Run_Time_Error on a connection to a
+/// number outside 1..Node_Total.
 std::vector<Airway_Row> Airway_Rows(const Database& db);
 
-/// "1 -> 2", or "1 <- 2" when the air does not flow outward.
+/// The two node numbers, each right-aligned in three characters: "  1 ->   2", or "  1 <-   2" when
+/// the air does not flow outward.
+std::string Airway_Ends(const Airway_Row& row);
+
+/// The ends without the blanks in front: "1 ->   2".
 std::string Airway_Name(const Airway_Row& row);
 
 /// "Close" or " Open".

@@ -139,7 +139,7 @@ void Sweep::compute(int i) {
   const Float_Faults faults;
   Sums sums;
   for (const Inflow& inflow : order_.inflows(i)) {
-    if (order_.left_out(inflow, true)) {
+    if (order_.left_out(inflow)) {
       order_.log_left_out(panel_.lblDisp[7], "    ", ratio_picture);
     } else {
       carry_wave(inflow, i, sums, faults);
@@ -172,6 +172,7 @@ void Sweep::carry_wave(const Inflow& inflow, int i, Sums& sums, const Float_Faul
   sums.Tau += tau_end * Qs;
 
   const double r = std::sqrt(1.27 * area) / 2;
+  // Without an area r is 0, so that the speed assumed then has no effect.
   const double alpha = Heat_Transfer(Air_Speed(Qs, area, 5.0), db_.Root_Kind(j, i));
   const Wave wave = Wave_In(db_.Para_TempDiff / 2.0, r * alpha / cond,
                             year_frequency * r * r / db_.Para_RockDiff);
@@ -199,7 +200,7 @@ void Sweep::trace(int i, int u, double L_mid, const Wave& wave, double tau_end, 
   const double delay = wave.D * tau_end;
   for (int s = 1; s <= trace_steps; ++s) {
     db_.Trace_Temp(s, k) =
-        static_cast<float>(amplitude * std::sin(Phase(month_ + 0.2 * s) - delay) + annual);
+        To_Single(amplitude * std::sin(Phase(month_ + 0.2 * s) - delay) + annual);
   }
   db_.Trace_Node1[k] = static_cast<std::int16_t>(i);
   db_.Trace_Node2[k] = static_cast<std::int16_t>(u);

@@ -41,6 +41,25 @@ inline void Prepare(Database& db) {
   Derive_After_Load(db);
 }
 
+/// A row of the special thermal table, with materials of 0.004 m2/h unless changed.
+struct Special_Rock {
+  int node1, node2;
+  float cond = 2;
+  float density = 2500;
+  float specific = 0.2F;
+  float temperature = 0;
+};
+
+inline void Add_Special_Rock(Database& db, const Special_Rock& row) {
+  const int k = ++db.Thermo_Total;
+  db.Thermo_Node1[k] = static_cast<std::int16_t>(row.node1);
+  db.Thermo_Node2[k] = static_cast<std::int16_t>(row.node2);
+  db.Thermo_Cond[k] = row.cond;
+  db.Thermo_Density[k] = row.density;
+  db.Thermo_Specific[k] = row.specific;
+  db.Thermo_RockTemp[k] = row.temperature;
+}
+
 /// Intake 1 and a line of nodes behind it, with q m3/s through all.
 inline Database Line_Mine(int nodes, float q = 10) {
   Database db = Flat_Mine(nodes);
@@ -50,14 +69,16 @@ inline Database Line_Mine(int nodes, float q = 10) {
 }
 
 /// Air that circulates: 1 feeds 2, and of what passes 2, 3, 4 half a cubic metre returns to 2. The
-/// rest leaves through 5.
-inline Database Loop_Mine() {
-  Database db = Flat_Mine(5);
-  Add_Flow(db, 1, 2, 10);
-  Add_Flow(db, 2, 3, 10.5F);
-  Add_Flow(db, 3, 4, 10.5F);
-  Add_Flow(db, 4, 2, 0.5F);
-  Add_Flow(db, 4, 5, 10);
+/// rest leaves through 5, which feeds the next such loop.
+inline Database Loop_Mine(int loops = 1) {
+  Database db = Flat_Mine(4 * loops + 1);
+  for (int i = 1; i < db.Node_Total; i += 4) {
+    Add_Flow(db, i, i + 1, 10);
+    Add_Flow(db, i + 1, i + 2, 10.5F);
+    Add_Flow(db, i + 2, i + 3, 10.5F);
+    Add_Flow(db, i + 3, i + 1, 0.5F);
+    Add_Flow(db, i + 3, i + 4, 10);
+  }
   Prepare(db);
   return db;
 }

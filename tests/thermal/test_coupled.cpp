@@ -1,6 +1,7 @@
 // The temperature runs with the flow solver: natural ventilation, order of runs, generated mines.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "airflow/flow_run.h"
@@ -45,6 +46,38 @@ void Expect_Air(const Database& db) {
   }
 }
 
+// No air is colder than the intake's wet bulb or the coldest rock, none hotter than 30 degrees
+// above the hottest rock.
+void Expect_Between_Air_And_Rock(const Database& db) {
+  float coldest = std::min(db.Para_IntakeWBT, db.Para_RockTemp);
+  float hottest = db.Para_RockTemp;
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    coldest = std::min(coldest, db.Node_VRT[i]);
+    hottest = std::max(hottest, db.Node_VRT[i]);
+  }
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    EXPECT_GE(db.Node_DBT[i], coldest) << i;
+    EXPECT_LE(db.Node_DBT[i], hottest + 30) << i;
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      EXPECT_GE(db.Root_Temp(j, i), coldest) << i;
+      EXPECT_LE(db.Root_Temp(j, i), hottest + 30) << i;
+    }
+  }
+}
+
+// The season adds no more than the wave at the intake.
+void Expect_Within_Wave(const Database& db) {
+  const double amplitude = db.Para_TempDiff / 2 * 1.0001;
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    if (db.Node_Type[i] == 0) {
+      EXPECT_LE(std::abs(db.Node_DBT[i] - db.Node_TempInit[i]), amplitude) << i;
+    }
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      EXPECT_LE(std::abs(db.Root_Temp(j, i) - db.Root_TempInit(j, i)), amplitude) << i;
+    }
+  }
+}
+
 TEST(Coupled, RunsTheSampleThroughTheYear) {
   Database db;
   New_Database(db, "2024/01/01");
@@ -76,16 +109,32 @@ TEST(Coupled, BalancesTheFlowOfGeneratedMines) {
       Database db = Make_Mine(
           {.nodes = nodes, .seed = seed, .assist_fans = 0, .thermo_rows = 5, .hills = false});
       Runs runs;
-      if (!runs.flow(db).ok()) continue;
+      ASSERT_TRUE(runs.flow(db).ok()) << nodes << ' ' << seed;
       const Annual_Result annual = runs.annual(db);
       ASSERT_TRUE(annual.ok()) << nodes << ' ' << seed << ' ' << annual.fault;
       EXPECT_LE(annual.max_change, db.Node_Total / 60 + 1);
       Expect_Air(db);
-      if (annual.flow.ok()) {
-        EXPECT_LT(Largest_Imbalance(db), 0.1 / 60 * 1.01);
-      }
+      ASSERT_TRUE(annual.flow.ok()) << nodes << ' ' << seed;
+      EXPECT_LT(Largest_Imbalance(db), 0.1 / 60 * 1.01);
       EXPECT_TRUE(runs.season(db).ok());
       Expect_Air(db);
+      Expect_Within_Wave(db);
+    }
+  }
+}
+
+// Without dead ends, so that all air comes from the intakes.
+TEST(Coupled, KeepsTheAirBetweenIntakeAndRock) {
+  for (const float intake : {-5.0F, 9.0F, 25.0F}) {
+    for (unsigned seed = 1; seed <= 4; ++seed) {
+      Database db =
+          Make_Mine({.nodes = 60, .seed = seed, .thermo_rows = 5, .hills = false, .extra = 1});
+      db.Para_IntakeTemp = intake;
+      Set_Constant_Temp(db, true);
+      Runs runs;
+      ASSERT_TRUE(runs.flow(db).ok()) << seed;
+      ASSERT_TRUE(runs.annual(db).ok()) << seed;
+      Expect_Between_Air_And_Rock(db);
     }
   }
 }

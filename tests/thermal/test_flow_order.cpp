@@ -72,6 +72,30 @@ TEST(FlowOrder, OpensALoopByItsSmallInflow) {
   EXPECT_EQ(label.text(), "  1     2   0.05\n");
 }
 
+TEST(FlowOrder, LogsALineForEveryLoop) {
+  Database db = Loop_Mine(2);
+  Flow_Order order(db);
+  order.set_intake(1);
+  Label label;
+  Visits(order, &label);
+  EXPECT_EQ(label.text(), "  1     2   0.05\n  1     6   0.05\n");
+  EXPECT_EQ(order.recirculation().size(), 2U);
+}
+
+TEST(FlowOrder, WaitsForAnInflowOfJustTheAllowedShare) {
+  Database db = Loop_Mine();
+  db.Root_Flow(Find_Slot(db, 2, 4), 2) = -0.01F;
+  Flow_Order order(db);
+  order.set_intake(1);
+  order.Node_Inflow[2] = 1;
+  for (int pass = 1; pass <= 3; ++pass) {
+    ASSERT_TRUE(order.begin_pass());
+    EXPECT_EQ(order.next_ready(), 0);
+    EXPECT_EQ(order.allowance(), pass < 3 ? 0 : -0.01F);
+    order.another_pass();
+  }
+}
+
 TEST(FlowOrder, WidensByOnePercentAndFallsBackAfterProgress) {
   Database db = Loop_Mine();
   Flow_Order order(db);
@@ -104,7 +128,7 @@ TEST(FlowOrder, GivesUpAfterAThousandPasses) {
   Flow_Order order(db);
   order.set_intake(1);
   Visits(order);
-  EXPECT_EQ(order.passes(), 1001);
+  EXPECT_EQ(order.passes(), 1000);
   EXPECT_EQ(order.left(), 5);
 }
 

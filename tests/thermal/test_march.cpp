@@ -169,6 +169,42 @@ TEST(March, NeverLeavesAirHotterThanThirtyAboveTheRock) {
   EXPECT_EQ(March(conditions).run(airway).T, 50);
 }
 
+// So little air that the wall could bring it beyond its own temperature.
+TEST(March, LimitsTheWallsHeatByTheAirOfTheSegmentBefore) {
+  Airway airway = Sample_Airway();
+  airway.flow = 0.05F;
+  airway.press_drop = 0;
+  airway.wet = 0;
+  // The first segment of a sweep knows no air before it.
+  EXPECT_NEAR(March(conditions).run(airway).T, airway.T, 0.01);
+  airway.wet = 10;
+  airway.length = 30;
+  Expect_As_Plain(airway);
+}
+
+TEST(March, CoolsMoistAirOnAColdWetWall) {
+  Airway airway = Sample_Airway();
+  airway.T = 25;
+  airway.x = 0.0199F;
+  airway.phi = 0.993F;
+  airway.VRT = 17;
+  airway.wet = 100;
+  airway.flow = 0.5F;
+  airway.area = 1;
+  airway.peri = 4;
+  airway.rock_cond = 15;
+  Expect_As_Plain(airway);
+  EXPECT_LT(March(conditions).run(airway).x, airway.x);
+}
+
+TEST(March, CoolsTooHotAirFromThirtyAboveTheRock) {
+  Airway airway = Sample_Airway();
+  airway.T = 90;
+  airway.press_drop = 0;
+  Expect_As_Plain(airway);
+  EXPECT_LT(March(conditions).run(airway).T, airway.VRT + 30);
+}
+
 TEST(March, TakesTheRockAsNoColderThanAtTheDatum) {
   Airway airway = Sample_Airway();
   airway.VRT = 3;
@@ -191,10 +227,9 @@ TEST(March, TakesOverTheConductionOfTheAirwayBefore) {
   young.age = 0.1F;
   young.area = 300;
   young.peri = 60;
-  young.length = 50;
   young.wet = 0;
-  // Alone the wall is as warm as the air.
   const Airway_Air alone = March(conditions).run(young);
+  EXPECT_NEAR(alone.T_wall, young.T, 1e-3);
   March march(conditions);
   march.run(Sample_Airway());
   const Airway_Air after = march.run(young);

@@ -78,6 +78,15 @@ TEST(VapPress, AddsTheHeatOfIceFromZeroDown) {
   EXPECT_NEAR(Calc_VapPress(1, 1, Tw), x / (x + 0.622), 1e-9);
 }
 
+TEST(VapPress, GrowsTheHeatOfIceWithTheCold) {
+  float Tw = -10;
+  const double ps = Calc_SatPress(-10);
+  const double x_w = 0.622 * ps / (1 - ps);
+  const double D = 0.441 * -9 + 597.3 + 10 + 79.7 + 5;
+  const double x = x_w - (0.441 * x_w + 0.24) * 1 / D;
+  EXPECT_NEAR(Calc_VapPress(1, -9, Tw), x / (x + 0.622), 1e-9);
+}
+
 // Humidity ratio of air of relative humidity phi by its vapour pressure.
 float Humidity(float T, double phi) {
   return Calc_SatHum(1, static_cast<float>(phi * Calc_SatPress(T)));
@@ -109,6 +118,14 @@ TEST(WetBulb, OfDryAirIsTheFirstStepOnTheFloor) {
   at = Tw + 1;
   EXPECT_GT(Calc_VapPress(1, 20, at), 0);
 }
+
+// Above the boiling point there is no vapour pressure to step down from.
+TEST(WetBulb, OfAlmostDryAirAboveBoilingIsItsTemperature) {
+  EXPECT_EQ(Calc_WetBulb(1, 120, 1e-5F), 120);
+  EXPECT_EQ(Calc_WetBulb(1, 120, 0), 119);
+}
+
+TEST(WetBulb, OfAirAboveSaturationIsItsTemperature) { EXPECT_EQ(Calc_WetBulb(1, 20, 0.1F), 20); }
 
 TEST(WetBulb, EndsForEveryInput) {
   const float most = std::numeric_limits<float>::max();

@@ -113,6 +113,38 @@ TEST(Parameters, FixAllRowsOrNone) {
   EXPECT_EQ(db, before);
 }
 
+TEST(Parameters, FixLetsTheWetBulbFollow) {
+  Database db = Line_Mine(3);
+  std::vector<std::string> texts = Row_Texts(db);
+  texts[2] = "20";
+  texts[4] = "50";
+  EXPECT_EQ(Fix_Parameters(db, texts), std::nullopt);
+  EXPECT_NEAR(db.Para_IntakeWBT, 13.8, 0.15);
+}
+
+TEST(Parameters, StayWhenThereIsNoWetBulb) {
+  Database db = Line_Mine(3);
+  std::vector<std::string> texts = Row_Texts(db);
+  texts[2] = "20";
+  texts[7] = "0.04";
+  db.Inlet_Node[1] = 600;
+  const Database before = db;
+  EXPECT_THROW(Fix_Parameters(db, texts), Run_Time_Error);
+  EXPECT_THROW(Set_Parameter(db, "Para_IntakeTemp", "20"), Run_Time_Error);
+  EXPECT_EQ(db, before);
+}
+
+// Up there water boils below the intake's temperature.
+TEST(Parameters, AreFixedForAnIntakeAtAnyHeight) {
+  Database db = Line_Mine(3);
+  db.Node_Elev[1] = 25000;
+  std::vector<std::string> texts = Row_Texts(db);
+  texts[2] = "45";
+  texts[4] = "0";
+  EXPECT_EQ(Fix_Parameters(db, texts), std::nullopt);
+  EXPECT_EQ(db.Para_IntakeWBT, 45);
+}
+
 TEST(IntakeWetBulb, IsTheTrueForm) {
   Database db = Line_Mine(3);
   db.Node_Elev[1] = 1000;

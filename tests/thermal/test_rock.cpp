@@ -10,17 +10,6 @@
 namespace branok {
 namespace {
 
-void Add_Row(Database& db, int node1, int node2, float cond, float density, float specific,
-             float temperature) {
-  const int k = ++db.Thermo_Total;
-  db.Thermo_Node1[k] = static_cast<std::int16_t>(node1);
-  db.Thermo_Node2[k] = static_cast<std::int16_t>(node2);
-  db.Thermo_Cond[k] = cond;
-  db.Thermo_Density[k] = density;
-  db.Thermo_Specific[k] = specific;
-  db.Thermo_RockTemp[k] = temperature;
-}
-
 TEST(RockData, GetsWarmerWithDepth) {
   Database db = Line_Mine(3);
   db.Node_Elev[2] = -400;
@@ -34,7 +23,7 @@ TEST(RockData, GetsWarmerWithDepth) {
 
 TEST(RockData, TakesASpecialRowAtBothEnds) {
   Database db = Line_Mine(4);
-  Add_Row(db, 3, 2, 2, 2500, 0.2F, 30);
+  Add_Special_Rock(db, {.node1 = 3, .node2 = 2, .cond = 2, .temperature = 30});
   Set_RockData(db);
   EXPECT_EQ(db.Root_RockCond(Find_Slot(db, 2, 3), 2), 2);
   EXPECT_EQ(db.Root_RockCond(Find_Slot(db, 3, 2), 3), 2);
@@ -46,8 +35,8 @@ TEST(RockData, TakesASpecialRowAtBothEnds) {
 
 TEST(RockData, LetsLaterRowsOverwriteASharedNode) {
   Database db = Line_Mine(4);
-  Add_Row(db, 1, 2, 2, 2500, 0.2F, 30);
-  Add_Row(db, 2, 3, 2, 2500, 0.2F, 40);
+  Add_Special_Rock(db, {.node1 = 1, .node2 = 2, .cond = 2, .temperature = 30});
+  Add_Special_Rock(db, {.node1 = 2, .node2 = 3, .cond = 2, .temperature = 40});
   Set_RockData(db);
   EXPECT_EQ(db.Node_VRT[1], 30);
   EXPECT_EQ(db.Node_VRT[2], 40);
@@ -57,7 +46,7 @@ TEST(RockData, SkipsARowWithoutAirway) {
   Database db = Line_Mine(4);
   Set_RockData(db);
   Database changed = db;
-  Add_Row(changed, 1, 3, 2, 2500, 0.2F, 30);
+  Add_Special_Rock(changed, {.node1 = 1, .node2 = 3, .cond = 2, .temperature = 30});
   Set_RockData(changed);
   EXPECT_EQ(changed.Node_VRT, db.Node_VRT);
   EXPECT_EQ(changed.Root_RockCond, db.Root_RockCond);
@@ -65,8 +54,8 @@ TEST(RockData, SkipsARowWithoutAirway) {
 
 TEST(RockData, TakesParametersForZerosOfARow) {
   Database db = Line_Mine(3);
-  Add_Row(db, 1, 2, 0, 2500, 0.2F, 0);
-  Add_Row(db, 2, 3, 2, 0, 0.2F, 0);
+  Add_Special_Rock(db, {.node1 = 1, .node2 = 2, .cond = 0, .temperature = 0});
+  Add_Special_Rock(db, {.node1 = 2, .node2 = 3, .cond = 2, .density = 0, .temperature = 0});
   Set_RockData(db);
   EXPECT_EQ(db.Root_RockCond(Find_Slot(db, 1, 2), 1), 3);
   EXPECT_EQ(db.Root_RockDiff(Find_Slot(db, 1, 2), 1), 0.006F);

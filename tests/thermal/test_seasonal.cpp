@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <string>
 
 #include "core/messages.h"
 #include "flows.h"
@@ -85,6 +86,7 @@ TEST_F(Season, StopsBeforeTheFlowWhenAsked) {
 TEST_F(Season, EndsWithFlowAndMessage) {
   Database db = Annual_Line(3, 100);
   db.Para_Month = 6;
+  db.Root_FlowSign(1, 1) = db.Root_FlowSign(1, 2) = 0;
   const Season_Result result = run(db);
   EXPECT_EQ(result.end, Season_End::complete);
   EXPECT_EQ(still.calls, 1);
@@ -96,8 +98,20 @@ TEST_F(Season, EndsWithFlowAndMessage) {
   EXPECT_EQ(panel.result_state, "Seasonal-Flow");
   EXPECT_TRUE(panel.mnuAnalysisComGraph);
   EXPECT_EQ(db.Flag_Temp, -1);
-  EXPECT_EQ(db.Temp_Max, static_cast<int>(db.Root_Temp(1, 1)));
+  EXPECT_EQ(db.Root_FlowSign(1, 1), 1);
   EXPECT_EQ(db.Root_FlowSign(1, 2), -1);
+  EXPECT_EQ(dialogue.times_busy, 1);
+  EXPECT_EQ(dialogue.busy_depth, 0);
+}
+
+// In summer the air cools on its way.
+TEST_F(Season, SetsTheBandFromTheColdestAndTheHottestAirway) {
+  Database db = Annual_Line(3, 1000);
+  db.Para_Month = 7;
+  ASSERT_TRUE(run(db).ok());
+  EXPECT_EQ(db.Temp_Max, static_cast<int>(db.Root_Temp(1, 1)));
+  EXPECT_EQ(db.Temp_Min, static_cast<int>(db.Root_Temp(1, 3)) - 1);
+  EXPECT_GT(db.Temp_Max, db.Temp_Min + 2);
 }
 
 TEST_F(Season, StopsAfterAFailedFlow) {
@@ -118,6 +132,7 @@ TEST_F(Season, KeepsTheAnnualTables) {
   EXPECT_EQ(db.Node_Hum, annual.Node_Hum);
   EXPECT_EQ(db.Node_WBT, annual.Node_WBT);
   EXPECT_EQ(db.Root_Hum, annual.Root_Hum);
+  EXPECT_FLOAT_EQ(db.Node_DBT[1], static_cast<float>(Intake_Temperature(db, 7)));
   EXPECT_GT(db.Node_DBT[4], annual.Node_DBT[4]);
 }
 
@@ -130,35 +145,44 @@ TEST_F(Season, WithoutAmplitudeIsTheAnnualState) {
 }
 
 TEST_F(Season, DampsAndDelaysTheWaveAsByHand) {
-  Database db = Annual_Line(2, 400);
-  Set_Both<std::int16_t>(db, db.Root_Kind, 1, 2, 0);
-  const double rho_old = db.Root_Density(1, 2);
-  const double temp_old = db.Root_Temp(1, 2);
+  Database db = Annual_Line(3, 200);
+  for (int i = 1; i < 3; ++i) Set_Both<std::int16_t>(db, db.Root_Kind, i, i + 1, 0);
+  db.Node_Elev[2] = -300;
+  db.Node_Elev[3] = -700;
+  const Database annual = db;
   ASSERT_TRUE(sweep(db, 7).ok());
 
-  const double Qs = 10 * rho_old / Calc_Density(9, 0);
   const double r = std::sqrt(1.27 * 10) / 2;
-  const double Lb = std::log10(r * (3.6 * Qs / 10 + 5.4) * 1.1 / 3);
   const double F = 0.000717 * r * r / 0.006;
-  const double A =
-      (0.571 + 0.515 * std::pow(Lb, 0.2416)) * std::pow(F, 0.167 + 0.118 * std::pow(Lb, 0.2115));
-  const double D =
-      (0.122 + 0.388 * std::pow(Lb, 0.6476)) * std::pow(F, 0.111 + 0.247 * std::pow(Lb, 0.4255));
   const double phase = two_pi * ((7 - 4.05) / 12 + 1);
-  const double rho = Calc_Density(static_cast<float>(temp_old), 0);
-  const double mid = two_pi * 3 * 0.5 * 400 / (rho * 0.24 * 3600 * Qs);
-  const double end = two_pi * 3 * 400 / (rho_old * 0.24 * 3600 * Qs);
-  EXPECT_NEAR(db.Root_Temp(1, 2),
-              db.Root_TempInit(1, 2) + 13.3 * std::exp(-A * mid) * std::sin(phase - D * mid), 1e-4);
-  EXPECT_NEAR(db.Node_DBT[2],
-              db.Node_TempInit[2] + 13.3 * std::exp(-A * end) * std::sin(phase - D * end), 1e-4);
-  EXPECT_NEAR(db.Node_TLeng[2], 400, 0.01);
-  EXPECT_EQ(db.Root_Temp(1, 1), db.Root_Temp(1, 2));
-  EXPECT_FLOAT_EQ(db.Root_Density(1, 2), static_cast<float>(rho));
-  EXPECT_NEAR(db.Trace_Temp(5, 1),
-              db.Root_TempInit(1, 2) +
-                  13.3 * std::exp(-A * end) * std::sin(two_pi * ((8 - 4.05) / 12 + 1) - D * end),
-              1e-4);
+  double tau = 0;  // at the supplying node
+  for (int i = 2; i <= 3; ++i) {
+    const double rho_old = annual.Root_Density(1, i);
+    const double Qs = 10 * rho_old / Calc_Density(9, 0);
+    const double Lb = std::log10(r * (3.6 * Qs / 10 + 5.4) * 1.1 / 3);
+    const double A =
+        (0.571 + 0.515 * std::pow(Lb, 0.2416)) * std::pow(F, 0.167 + 0.118 * std::pow(Lb, 0.2115));
+    const double D =
+        (0.122 + 0.388 * std::pow(Lb, 0.6476)) * std::pow(F, 0.111 + 0.247 * std::pow(Lb, 0.4255));
+    const float rho = Calc_Density(annual.Root_Temp(1, i), annual.Node_Elev[i - 1]);
+    const double mid = tau + two_pi * 3 * 0.5 * 200 / (rho * 0.24 * 3600 * Qs);
+    const double end = tau + two_pi * 3 * 200 / (rho_old * 0.24 * 3600 * Qs);
+    EXPECT_NEAR(db.Root_Temp(1, i),
+                db.Root_TempInit(1, i) + 13.3 * std::exp(-A * mid) * std::sin(phase - D * mid),
+                1e-4);
+    EXPECT_NEAR(db.Node_DBT[i],
+                db.Node_TempInit[i] + 13.3 * std::exp(-A * end) * std::sin(phase - D * end), 1e-4);
+    EXPECT_NEAR(db.Node_TLeng[i], 200 * (i - 1), 0.01);
+    EXPECT_EQ(db.Root_Temp(Find_Slot(db, i - 1, i), i - 1), db.Root_Temp(1, i));
+    EXPECT_EQ(db.Root_Density(1, i), rho);
+    if (i == 2) {
+      EXPECT_NEAR(db.Trace_Temp(5, 1),
+                  db.Root_TempInit(1, 2) + 13.3 * std::exp(-A * end) *
+                                               std::sin(two_pi * ((8 - 4.05) / 12 + 1) - D * end),
+                  1e-4);
+    }
+    tau = end;
+  }
 }
 
 TEST_F(Season, HasAlmostNoPowersBelowABiotNumberOfOne) {
@@ -191,6 +215,22 @@ TEST_F(Season, TracesEveryFiveHundredMetres) {
   EXPECT_EQ(db.Trace_Node2[2], 2);
   EXPECT_EQ(db.Trace_Dist[1], 0);
   EXPECT_EQ(db.Trace_Dist[6], 2500);
+}
+
+TEST_F(Season, TracesNoAirwayWithoutLength) {
+  Database db = Annual_Line(2, 0);
+  ASSERT_TRUE(sweep(db, 10).ok());
+  EXPECT_EQ(db.Trace_Count, 0);
+}
+
+TEST_F(Season, TracesNothingThatIsNoNumber) {
+  Database db = Annual_Line(2, 1);
+  // The wave and the annual temperature each fit; together they do in month 1, but not half a year
+  // later.
+  db.Root_TempInit(1, 2) = 3e38F;
+  db.Para_TempDiff = 2e38F;
+  EXPECT_EQ(sweep(db, 1).end, Season_End::fault);
+  for (int s = 1; s <= trace_steps; ++s) EXPECT_TRUE(std::isfinite(db.Trace_Temp(s, 1))) << s;
 }
 
 TEST_F(Season, NeverTracesMoreThanSix) {
@@ -248,6 +288,12 @@ TEST_F(Season, ReportsRecirculation) {
   EXPECT_EQ(result.recirculation, std::vector<std::string>{"  1     2    0.05\n"});
   EXPECT_EQ(shown(7), "  1     2    0.05\n");
   EXPECT_EQ(panel.pgbPercent[1], 100);
+}
+
+TEST_F(Season, ReportsEveryLoop) {
+  Database db = Loop_Mine(2);
+  EXPECT_EQ(sweep(db, 7).recirculation.size(), 2U);
+  EXPECT_EQ(shown(7), "  1     2    0.05\n  1     6    0.05\n");
 }
 
 TEST_F(Season, EndsAtAKnotThatCannotBeOpened) {
@@ -319,9 +365,12 @@ TEST_F(Season, ShowsNodeAndUnknownsTheOtherWayRound) {
   Database db = Annual_Line(3, 100);
   sweep(db, 7);
   EXPECT_EQ(shown(7), "No Recirculate");
+  EXPECT_NE(shown(8), "");  // seconds
   EXPECT_EQ(shown(9), "0");
   EXPECT_EQ(shown(11), " 3");
   EXPECT_EQ(shown(12), " 200");
+  EXPECT_NEAR(std::stod(shown(13)), db.Node_DBT[3], 0.006);
+  EXPECT_NEAR(std::stod(shown(14)), 100 * db.Node_Hum[3], 0.006);
 }
 
 }  // namespace
