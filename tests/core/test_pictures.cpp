@@ -130,7 +130,7 @@ std::string By_Library(double value, int significant, int places) {
     point = 1;
   }
   plain.append(static_cast<std::size_t>(60), '0');
-  const std::size_t keep = static_cast<std::size_t>(point + places);
+  const auto keep = static_cast<std::size_t>(point) + static_cast<std::size_t>(places);
   const bool up = plain[keep] >= '5';
   std::string kept = plain.substr(0, keep);
   if (up) {
