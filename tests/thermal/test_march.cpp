@@ -45,7 +45,7 @@ struct Plain_March {
     const double beta = alpha / (0.24 * a.density);
     const double r = 4 * a.area / a.peri / 2;
     const int n = std::max(1, static_cast<int>(0.1 * a.length));
-    const int m = static_cast<int>(0.5 * n + 0.5);
+    const int m = (n + 1) / 2;
     const double dl = a.length / n;
     const double dz = double(a.to_elev - a.from_elev) / n;
     const double dP = a.press_drop + (a.density - s.rho0) * (a.to_elev - a.from_elev);

@@ -33,7 +33,8 @@ TEST(SatPress, AgreesWithPublishedValues) {
 }
 
 TEST(SatPress, IsTheGoffGratchFormula) {
-  for (float T = -60; T <= 150; T += 0.37F) {
+  for (int k = 0; k <= 567; ++k) {
+    const float T = -60 + 0.37F * static_cast<float>(k);
     EXPECT_NEAR(Calc_SatPress(T) / Goff_Gratch(T), 1, 1.5e-7) << T;
   }
 }
@@ -159,15 +160,18 @@ float Counted_SatTemp(float P, float h) {
 }
 
 TEST(SatTemp, FindsTheSaturatedTemperature) {
-  for (float T = -5; T < 45; T += 0.7F) {
+  for (int k = 0; k < 71; ++k) {
+    const float T = -5 + 0.7F * static_cast<float>(k);
     const double h = Enthalpy(T, Calc_SatHum(1, Calc_SatPress(T)));
     EXPECT_NEAR(Calc_SatTemp(1, static_cast<float>(h)), T, 0.01) << T;
   }
 }
 
 TEST(SatTemp, FindsWhatCountingFinds) {
-  for (float P = 0.5F; P < 1.4F; P += 0.09F) {
-    for (float h = -20; h < 300; h += 0.83F) {
+  for (int i = 0; i < 10; ++i) {
+    const float P = 0.5F + 0.09F * static_cast<float>(i);
+    for (int k = 0; k < 386; ++k) {
+      const float h = -20 + 0.83F * static_cast<float>(k);
       EXPECT_EQ(Calc_SatTemp(P, h), Counted_SatTemp(P, h)) << P << ' ' << h;
     }
   }
