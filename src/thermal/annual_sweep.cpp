@@ -185,7 +185,7 @@ Airway_Air Sweep::march_airway(const Inflow& inflow, int i, const Float_Faults& 
                                      .length = db_.Root_Length(j, i),
                                      .area = db_.Root_Area(j, i),
                                      .peri = db_.Root_Peri(j, i),
-                                     .age = Raise_Age(db_, j, i, inflow.back, u, least_age),
+                                     .age = Raise_Age(db_, j, i, least_age),
                                      .heat = db_.Root_Heat(j, i),
                                      .wet = db_.Root_Wet(j, i),
                                      .rock_cond = db_.Root_RockCond(j, i),

@@ -44,12 +44,10 @@ void Set_RockData(Database& db) {
   for (int k = 1; k <= db.Thermo_Total; ++k) Set_Special_Rock(db, k);
 }
 
-float Raise_Age(Database& db, int j, int i, int back, int u, float least) {
-  const float age = db.Root_Time(j, i);
-  if (!(age < least)) return age;
-  db.Root_Time(j, i) = least;
-  if (back != 0) db.Root_Time(back, u) = least;
-  return least;
+float Raise_Age(Database& db, int j, int i, float least) {
+  float& age = db.Root_Time(j, i);
+  if (age < least) age = least;
+  return age;
 }
 
 double Air_Speed(double Qs, double area, double unknown) { return area <= 0 ? unknown : Qs / area; }

@@ -23,9 +23,9 @@ inline constexpr std::array<double, 8> kinds = {1.1, 1.2, 1.0, 1.05, 1.0, 1.7, 1
 /// Raises Run_Time_Error when a depth below the datum is no 16-bit number.
 void Set_RockData(Database& db);
 
-/// Raises the age of the airway in slot `j` of node `i` to `least` years, at both of its ends
-/// (`back` is the slot of node `u` that leads back, or 0), and returns the age.
-float Raise_Age(Database& db, int j, int i, int back, int u, float least);
+/// Raises the age of the airway in slot `j` of node `i` to `least` years, at this end alone (the
+/// one that receives the air), and returns the age.
+float Raise_Age(Database& db, int j, int i, float least);
 
 /// Air speed in m/s of the flow Qs (m3/s) in an area (m2); `unknown` where there is no area.
 double Air_Speed(double Qs, double area, double unknown);

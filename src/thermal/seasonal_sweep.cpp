@@ -185,7 +185,7 @@ void Sweep::carry_wave(const Inflow& inflow, int i, Sums& sums, const Float_Faul
   sums.dT += wave.at(month_, tau_end) * Qs;
   faults.check("the wave in an airway");
 
-  Raise_Age(db_, j, i, inflow.back, u, least_age);
+  Raise_Age(db_, j, i, least_age);
   db_.Root_Density(j, i) = rho;
   db_.Root_Temp(j, i) = T_mid;
   if (inflow.back != 0) db_.Root_Temp(inflow.back, u) = T_mid;

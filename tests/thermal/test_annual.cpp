@@ -223,7 +223,10 @@ TEST_F(Annual, StoresRaisedAges) {
   Set_Both(db, db.Root_Time, 1, 2, 0.0F);
   Set_Both(db, db.Root_Time, 2, 3, 0.05F);
   sweep(db);
-  for (int i = 1; i <= 3; ++i) EXPECT_EQ(db.Root_Time(1, i), 0.1F);
+  // The air flows from 1 to 3: each airway's age is raised at the node that it reaches.
+  EXPECT_EQ(db.Root_Time(1, 2), 0.1F);
+  EXPECT_EQ(db.Root_Time(1, 3), 0.1F);
+  EXPECT_EQ(db.Root_Time(1, 1), 0.0F);
 }
 
 TEST_F(Annual, MixesByMass) {

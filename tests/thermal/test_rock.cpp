@@ -145,13 +145,13 @@ TEST(Wall, OfAnUnknownMethodIsAFault) {
   EXPECT_THROW(faults.check("the wall"), Run_Time_Error);
 }
 
-TEST(Age, IsRaisedAtBothEnds) {
+TEST(Age, IsRaisedAtTheEndThatReceivesTheAir) {
   Database db = Line_Mine(3);
   db.Root_Time(1, 2) = db.Root_Time(1, 1) = 0.05F;
-  EXPECT_EQ(Raise_Age(db, 1, 2, 1, 1, 0.1F), 0.1F);
+  EXPECT_EQ(Raise_Age(db, 1, 2, 0.1F), 0.1F);
   EXPECT_EQ(db.Root_Time(1, 2), 0.1F);
-  EXPECT_EQ(db.Root_Time(1, 1), 0.1F);
-  EXPECT_EQ(Raise_Age(db, 2, 2, 1, 3, 0.1F), 1.0F);
+  EXPECT_EQ(db.Root_Time(1, 1), 0.05F);
+  EXPECT_EQ(Raise_Age(db, 2, 2, 0.1F), 1.0F);
 }
 
 }  // namespace

@@ -265,7 +265,7 @@ TEST_F(Season, StoresRaisedAges) {
   Database db = Annual_Line(3, 50);
   Set_Both(db, db.Root_Time, 1, 2, 0.2F);
   sweep(db, 5);
-  EXPECT_EQ(db.Root_Time(1, 1), 0.3F);
+  EXPECT_EQ(db.Root_Time(1, 1), 0.2F);
   EXPECT_EQ(db.Root_Time(1, 2), 0.3F);
   EXPECT_EQ(db.Root_Time(1, 3), 1.0F);
 }
