@@ -12,14 +12,14 @@ if [ "$preset" = tidy ]; then
   install_packages "${build_packages[@]}" "${test_packages[@]}" clang-tidy
   build release all
   say "Checking the code"
-  git ls-files '*.cpp' ':!tests/fuzz/fuzz_*' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/release
+  find src tests bench -name '*.cpp' ! -name 'fuzz_*' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/release
   exit
 fi
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 build "$preset" all
 if [ "$preset" = release ]; then
   say "Checking the layout of the code"
-  git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+  find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
 fi
 say "Running the tests"
 ctest --test-dir "build/$preset" --output-on-failure --no-tests=error -j "$(nproc)"

@@ -1,7 +1,7 @@
 # What run.sh and test.sh share: saying what is done, installing packages, building.
 
 build_packages=(g++ cmake ninja-build libsimpleini-dev)
-test_packages=(libgtest-dev libbenchmark-dev libeigen3-dev locales clang-format git)
+test_packages=(libgtest-dev libbenchmark-dev libeigen3-dev locales clang-format)
 
 say() { printf '== %s\n' "$*"; }
 
