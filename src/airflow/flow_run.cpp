@@ -7,7 +7,6 @@
 #include "airflow/likely_causes.h"
 #include "core/faults.h"
 #include "core/messages.h"
-#include "core/vocabulary.h"
 #include "prep/fan.h"
 
 namespace branok {
@@ -25,9 +24,7 @@ void Show_Heading(const Database& db, Panel& panel) {
   if (db.Flag_Annual == 1) {
     panel.lblDisp[0].set("for Anual Ave. Temp.");
   } else if (db.Flag_Season == 1) {
-    if (db.Para_Month < 0 || db.Para_Month > 12) Outside_Table(db.Para_Month, 12);
-    panel.lblDisp[0].set("for " +
-                         std::string(Season_Name[static_cast<std::size_t>(db.Para_Month)]));
+    panel.lblDisp[0].set("for " + std::string(Season_Of(db)));
   } else {
     panel.lblDisp[0].set("for given Thermal Conditions");
   }

@@ -9,7 +9,6 @@
 #include "batch/terminal.h"
 #include "core/safe_file.h"
 #include "core/text.h"
-#include "core/vocabulary.h"
 #include "files/comment_template.h"
 #include "files/ver6.h"
 #include "thermal/annual.h"
@@ -21,10 +20,6 @@ namespace branok {
 namespace {
 
 void Print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
-
-std::string Season_Of(const Database& db) {
-  return std::string(Trim(Season_Name.at(static_cast<std::size_t>(db.Para_Month))));
-}
 
 // One mine and the doors through which its runs speak.
 class Session {
@@ -107,7 +102,7 @@ Exit Session::season(int month, Answer with_flow) {
   }
   const Season_Result result = Ana_Season_Temp(db_, dialogue_, panel_);
   panel_.clear_line();
-  Print("Seasonal temperature, " + Season_Of(db_) + ": " +
+  Print("Seasonal temperature, " + std::string(Trim(Season_Of(db_))) + ": " +
         (result.ok() ? "complete\n" : "failed\n"));
   if (result.end == Season_End::needs_annual) return Exit::run_failed;
   if (!result.fault.empty()) dialogue_.remark(result.fault);
@@ -165,7 +160,7 @@ Exit Session::take(const Step& step) {
       return season(step.month, Answer::no);
     case Step_Kind::wet:
       db_.Wet_Tag = step.text;
-      db_.Para_WetMode = step.text == "evaporate" ? 1 : 2;
+      Take_Wet_Mode(db_);
       Print("Wet-wall method: " + step.text + '\n');
       return Exit::done;
     case Step_Kind::set:

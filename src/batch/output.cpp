@@ -5,7 +5,6 @@
 #include <charconv>
 
 #include "core/text.h"
-#include "core/vocabulary.h"
 #include "thermal/results.h"
 
 namespace branok {
@@ -45,11 +44,7 @@ std::string Line(std::string_view what, const std::string& value) {
 std::string Kind_Of_Results(const Database& db) {
   if (db.Flag_Results == 0) return "none";
   if (db.Flag_Annual == 1) return "annual";
-  if (db.Flag_Season == 1) {
-    const bool known = db.Para_Month >= 0 && db.Para_Month <= 12;
-    const auto month = static_cast<std::size_t>(known ? db.Para_Month : 13);
-    return "seasonal, " + std::string(Season_Name[month]);
-  }
+  if (db.Flag_Season == 1) return "seasonal, " + std::string(Trim(Season_Of(db)));
   return "flow for given temperatures";
 }
 

@@ -8,6 +8,7 @@
 #include "core/faults.h"
 #include "core/pictures.h"
 #include "core/sample.h"
+#include "core/vocabulary.h"
 #include "thermal/moist_air.h"
 
 namespace branok {
@@ -56,6 +57,17 @@ int Find_Slot(const Database& db, int node, int far) {
     if (db.Node_Junc(j, node) == far) return j;
   }
   return 0;
+}
+
+std::string_view Season_Of(const Database& db) {
+  constexpr int last = 12;
+  if (db.Para_Month < 0 || db.Para_Month > last) Outside_Table(db.Para_Month, last);
+  return Season_Name[static_cast<std::size_t>(db.Para_Month)];
+}
+
+void Take_Wet_Mode(Database& db) {
+  if (db.Wet_Tag == "evaporate") db.Para_WetMode = 1;
+  if (db.Wet_Tag == "area") db.Para_WetMode = 2;
 }
 
 void Clear_Node(Database& db, int i) {

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/table.h"
 
@@ -273,6 +274,12 @@ void Derive_After_Load(Database& db);
 /// the hottest cut to an integer, the floor of the coldest less one. Raises Run_Time_Error when one
 /// is no 16-bit number.
 void Set_Temperature_Band(Database& db, float hottest, float coldest);
+
+/// The name of the season of Para_Month. Raises Run_Time_Error when that is none of 0..12.
+std::string_view Season_Of(const Database& db);
+
+/// Para_WetMode from Wet_Tag: "evaporate" gives 1, "area" 2, any other text leaves it.
+void Take_Wet_Mode(Database& db);
 
 /// The slot of `node` that leads to `far` (the first), or 0 when none does. Raises Run_Time_Error
 /// when `node` is outside the tables.

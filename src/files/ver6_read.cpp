@@ -4,7 +4,6 @@
 
 #include "core/messages.h"
 #include "core/safe_file.h"
-#include "core/vocabulary.h"
 #include "files/ver6.h"
 #include "files/ver6_lines.h"
 #include "files/ver6_rows.h"
@@ -215,10 +214,8 @@ void Reader::Thermal_Rows() {
 bool Reader::Parameters() {
   const int count = lines_.fixed_lines(
       parameter::lines, [&](const Row_Reader& row, int n) { Parameter_Line(row, db_, n); });
-  constexpr int last_month = 12;
-  if (db_.Para_Month < 0 || db_.Para_Month > last_month) Outside_Table(db_.Para_Month, last_month);
-  if (db_.Wet_Tag == "evaporate") db_.Para_WetMode = 1;
-  if (db_.Wet_Tag == "area") db_.Para_WetMode = 2;
+  Season_Of(db_);  // the month must have one
+  Take_Wet_Mode(db_);
   return count <= parameter::lines || refuse("too many calculation parameters");
 }
 

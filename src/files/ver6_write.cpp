@@ -5,7 +5,6 @@
 
 #include "core/messages.h"
 #include "core/safe_file.h"
-#include "core/vocabulary.h"
 #include "files/ver6.h"
 #include "files/ver6_rows.h"
 
@@ -323,9 +322,7 @@ void Writer::Airway_Results() {
 std::string Writer::Kind_Line() const {
   if (db_.Flag_Annual == 1) return std::string(airway_result::annual);
   if (db_.Flag_Season != 1) return std::string(airway_result::given);
-  const auto month = static_cast<std::size_t>(db_.Para_Month);
-  if (month >= Season_Name.size()) throw Run_Time_Error("the month has no season name");
-  return std::string(airway_result::season) + ' ' + std::string(Season_Name[month]);
+  return std::string(airway_result::season) + ' ' + std::string(Season_Of(db_));
 }
 
 void Writer::Cad() {

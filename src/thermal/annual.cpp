@@ -20,11 +20,6 @@ constexpr Picture one_decimal("##0.0");
 constexpr Picture two_decimals("##0.00");
 constexpr Picture four_decimals("0.0000");
 
-void Take_Wet_Mode(Database& db) {
-  if (db.Wet_Tag == "evaporate") db.Para_WetMode = 1;
-  if (db.Wet_Tag == "area") db.Para_WetMode = 2;
-}
-
 // How near the largest change has come to the one that ends the run.
 int Percent(int T_ok, float max_change) {
   if (max_change == 0) return 100;

@@ -7,7 +7,6 @@
 
 #include "core/faults.h"
 #include "core/numbers.h"
-#include "core/vocabulary.h"
 #include "thermal/moist_air.h"
 
 namespace branok {
@@ -132,10 +131,8 @@ const Parameter* Find_Parameter(std::string_view name) {
 
 std::string Parameter_Text(const Database& db, const Parameter& parameter) {
   if (parameter.real != nullptr) return parameter.picture(db.*parameter.real).text();
-  const int value = db.*parameter.integer;
-  if (parameter.entry != Entry::listed) return parameter.picture(value).text();
-  if (value < 0 || value > 12) Outside_Table(value, 12);
-  return std::string(Season_Name[static_cast<std::size_t>(value)]);
+  if (parameter.entry == Entry::listed) return std::string(Season_Of(db));  // the month
+  return parameter.picture(int{db.*parameter.integer}).text();
 }
 
 std::string Parameter_Range(const Parameter& parameter) {

@@ -4,7 +4,6 @@
 #include "airflow/flow_run.h"
 #include "core/faults.h"
 #include "core/messages.h"
-#include "core/vocabulary.h"
 #include "thermal/temperature_run.h"
 
 namespace branok {
@@ -14,12 +13,6 @@ namespace {
 constexpr Picture whole("##0");
 constexpr Picture distance("#####0");
 constexpr Picture two_decimals("##0.00");
-
-std::string_view Season(const Database& db) {
-  constexpr int last = static_cast<int>(Season_Name.size()) - 1;
-  if (db.Para_Month < 0 || db.Para_Month > last) Outside_Table(db.Para_Month, last);
-  return Season_Name[static_cast<std::size_t>(db.Para_Month)];
-}
 
 bool Agreed(Dialogue& dialogue, const Message& question) {
   return dialogue.show(question) == Answer::yes;
@@ -63,7 +56,7 @@ void Run(Database& db, Dialogue& dialogue, Panel& panel, const Flow_Solver& solv
   if (result.end == Season_End::complete) {
     Set_Temperature_Band(db);
     Set_Flow_Sign(db);
-    dialogue.show(messages::Season_Complete(Season(db)));
+    dialogue.show(messages::Season_Complete(Season_Of(db)));
     panel.Set_Result_State("Seasonal-Flow");
   }
   panel.mnuAnalysisComGraph = true;
@@ -73,7 +66,7 @@ void Run(Database& db, Dialogue& dialogue, Panel& panel, const Flow_Solver& solv
 
 void Init_Disp_Season(const Database& db, Panel& panel) {
   const Float_Faults faults;
-  const std::string season(Season(db));
+  const std::string season(Season_Of(db));
   const double T_in = Intake_Temperature(db, db.Para_Month);
   faults.check("the intake's temperature");
   Set_Season_Titles(panel);

@@ -226,6 +226,29 @@ TEST_F(Loaded, AnImpossibleTemperatureIsAFault) {
   EXPECT_THROW(Derive_After_Load(db), Run_Time_Error);
 }
 
+TEST(Season_Of_A_Mine, IsTheOneOfItsMonth) {
+  Database db;
+  db.Para_Month = 12;
+  EXPECT_EQ(Season_Of(db), "early Winter");
+  for (const int month : {-1, 13}) {
+    db.Para_Month = static_cast<std::int16_t>(month);
+    EXPECT_THROW(Season_Of(db), Run_Time_Error);
+  }
+}
+
+TEST(Wet_Mode, FollowsTheTagAndStaysForAnyOther) {
+  Database db;
+  db.Wet_Tag = "area";
+  Take_Wet_Mode(db);
+  EXPECT_EQ(db.Para_WetMode, 2);
+  db.Wet_Tag = "dry";
+  Take_Wet_Mode(db);
+  EXPECT_EQ(db.Para_WetMode, 2);
+  db.Wet_Tag = "evaporate";
+  Take_Wet_Mode(db);
+  EXPECT_EQ(db.Para_WetMode, 1);
+}
+
 TEST(Copies, AreMinesOfTheirOwn) {
   const Database mine = Make_Mine({.nodes = 20});
   Database copy = mine;
