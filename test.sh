@@ -22,4 +22,5 @@ if [ "$preset" = release ]; then
   find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
 fi
 say "Running the tests"
-ctest --test-dir "build/$preset" --output-on-failure --no-tests=error -j "$(nproc)"
+xvfb-run -a -s "-screen 0 1400x1000x24" \
+  ctest --test-dir "build/$preset" --output-on-failure --no-tests=error -j "$(nproc)"

@@ -1,7 +1,8 @@
 # What run.sh and test.sh share: saying what is done, installing packages, building.
 
-build_packages=(g++ cmake ninja-build libsimpleini-dev)
-test_packages=(libgtest-dev libbenchmark-dev libeigen3-dev locales clang-format)
+build_packages=(g++ cmake ninja-build libsimpleini-dev qt6-base-dev libqt6svg6 libqcustomplot-dev)
+test_packages=(libgtest-dev libbenchmark-dev libeigen3-dev locales clang-format xvfb xauth
+  fonts-dejavu-core)
 
 say() { printf '== %s\n' "$*"; }
 

@@ -1,0 +1,173 @@
+#include "ui/grid_view.h"
+
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionHeader>
+#include <algorithm>
+
+#include "ui/qt_text.h"
+
+namespace branok {
+
+namespace {
+
+constexpr int cell_margin = 6;      // pixels at either side of a text
+constexpr int longest_column = 40;  // characters; longer comments are cut with dots
+constexpr int title_column = 0;
+
+}  // namespace
+
+Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : QTableView(parent), model_(grid) {
+  setModel(&model_);
+  // The titles stand in the vertical header, where they stay in view.
+  setColumnHidden(title_column, true);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ContiguousSelection);
+  setAlternatingRowColors(true);
+  setWordWrap(false);
+  setTabKeyNavigation(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setMinimumSectionSize(24);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setHighlightSections(true);
+  corner_ = findChild<QAbstractButton*>();
+  if (corner_ != nullptr) corner_->installEventFilter(this);
+  fit_columns();
+}
+
+void Grid_View::show_grid() {
+  const int top = verticalScrollBar()->value();
+  const QModelIndex current = currentIndex();
+  const int row = current.isValid() ? current.row() : -1;
+  const int column = current.isValid() ? current.column() : -1;
+  const int rows = model_.rowCount();
+  model_.rows_changed();
+  fit_columns();
+  if (row >= 0 && row < rows) setCurrentIndex(model_.index(row, column));
+  verticalScrollBar()->setValue(top);
+  viewport()->update();
+}
+
+void Grid_View::set_empty_text(const QString& text) {
+  empty_text_ = text;
+  setAccessibleDescription(text);
+  viewport()->update();
+}
+
+void Grid_View::go_to_row(int row) {
+  const int shown = std::clamp(row - Text_Grid::FixedRows, 0, std::max(model_.rowCount() - 1, 0));
+  const QModelIndex place = model_.index(shown, 1);
+  if (!place.isValid()) return;
+  setCurrentIndex(place);
+  scrollTo(place, PositionAtCenter);
+}
+
+void Grid_View::take_selection() {
+  Text_Grid& grid = model_.grid();
+  grid.Row = grid.Col = grid.RowSel = grid.ColSel = 0;
+  const QItemSelection selection = selectionModel()->selection();
+  if (!selection.isEmpty()) {
+    const QItemSelectionRange& block = selection.first();
+    grid.Row = block.top() + Text_Grid::FixedRows;
+    grid.RowSel = block.bottom() + Text_Grid::FixedRows;
+    grid.Col = std::max(block.left(), Text_Grid::FixedCols);
+    grid.ColSel = block.right();
+  } else if (currentIndex().isValid()) {
+    grid.Row = grid.RowSel = currentIndex().row() + Text_Grid::FixedRows;
+    grid.Col = grid.ColSel = currentIndex().column();
+  }
+}
+
+void Grid_View::copy_selection() {
+  take_selection();
+  QString block = To_Qt(model_.grid().Clip());
+  if (block.isEmpty()) return;
+  QGuiApplication::clipboard()->setText(block.replace('\r', '\n') + '\n');
+}
+
+void Grid_View::fit_columns() {
+  const QFontMetrics metrics(font());
+  const QFontMetrics heading_metrics(horizontalHeader()->font());
+  const Text_Grid& grid = model_.grid();
+  const int digit = metrics.horizontalAdvance('0');
+  verticalHeader()->setDefaultSectionSize(metrics.height() + cell_margin);
+  for (int col = 0; col < grid.Cols(); ++col) {
+    std::size_t longest = 0;
+    for (int row = Text_Grid::FixedRows; row < grid.Rows(); ++row) {
+      longest = std::max(longest, grid.text(row, col).size());
+    }
+    int width = digit * static_cast<int>(std::min<std::size_t>(longest, longest_column) + 1);
+    for (const QString& line : To_Qt(grid.text(0, col)).split('\r')) {
+      width = std::max(width, heading_metrics.horizontalAdvance(line) + digit);
+    }
+    width += 2 * cell_margin;
+    if (col == title_column) {
+      verticalHeader()->setFixedWidth(width);
+    } else {
+      setColumnWidth(col, width);
+    }
+  }
+  horizontalHeader()->setFixedHeight(2 * heading_metrics.lineSpacing() + 2 * cell_margin);
+}
+
+void Grid_View::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  if (!currentIndex().isValid() && model_.rowCount() > 0) setCurrentIndex(model_.index(0, 1));
+  emit focused();
+}
+
+void Grid_View::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (model_.rowCount() > 0 || empty_text_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.drawText(viewport()->rect().adjusted(24, 24, -24, -24),
+                   Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
+}
+
+void Grid_View::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    copy_selection();
+  } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+             currentIndex().isValid()) {
+    emit row_chosen(currentIndex().row() + Text_Grid::FixedRows);
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+bool Grid_View::eventFilter(QObject* object, QEvent* event) {
+  if (object == corner_ && event->type() == QEvent::Paint) {
+    paint_corner();
+    return true;
+  }
+  return QTableView::eventFilter(object, event);
+}
+
+void Grid_View::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fit_columns();
+}
+
+// The heading of the title column stands in the corner.
+void Grid_View::paint_corner() {
+  QStyleOptionHeader option;
+  option.initFrom(corner_);
+  option.orientation = Qt::Horizontal;
+  option.section = 0;
+  option.textAlignment = Qt::AlignCenter;
+  option.rect = corner_->rect();
+  option.text = To_Qt(model_.grid().text(0, title_column)).replace('\r', '\n');
+  QPainter painter(corner_);
+  painter.setFont(horizontalHeader()->font());
+  style()->drawControl(QStyle::CE_Header, &option, &painter, this);
+}
+
+}  // namespace branok

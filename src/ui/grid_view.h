@@ -1,0 +1,59 @@
+// A grid on the screen: headings in two lines that stay when the rows scroll, row titles that stay
+// when the columns scroll, blocks that can be selected and copied.
+#pragma once
+
+#include <QTableView>
+
+#include "ui/text_grid_model.h"
+
+namespace branok {
+
+class Grid_View : public QTableView {
+  Q_OBJECT
+ public:
+  explicit Grid_View(Text_Grid& grid, QWidget* parent = nullptr);
+
+  [[nodiscard]] Text_Grid_Model& rows() { return model_; }
+
+  /// Shows the grid as it is now, with columns as wide as their texts need, and keeps the place in
+  /// view when the number of rows has stayed.
+  void show_grid();
+
+  /// What stands in the middle of an empty grid: what to do next.
+  void set_empty_text(const QString& text);
+
+  /// Makes a grid row (1 is the first data row) current and scrolls it into view.
+  void go_to_row(int row);
+
+  /// The grid's current cell and selection as the user has set them on the screen.
+  void take_selection();
+
+  /// Puts the selected block on the clipboard: cells separated by tabs, each row ended by CR in the
+  /// program's own form and by LF for others.
+  void copy_selection();
+
+  /// Fits columns and row height to the present font.
+  void fit_columns();
+
+ signals:
+  /// The grid has got the keyboard.
+  void focused();
+  /// A cell was double clicked or Enter pressed on it.
+  void row_chosen(int row);
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void paint_corner();
+
+  Text_Grid_Model model_;
+  QString empty_text_;
+  QWidget* corner_ = nullptr;
+};
+
+}  // namespace branok

@@ -1,0 +1,24 @@
+#include "ui/printing.h"
+
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+namespace branok {
+
+void Print_With_Preview(QWidget* parent, const QString& document,
+                        const std::function<void(QPrinter&)>& paint) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(document);
+  printer.setCreator("BRANOK");
+  if (QPrinterInfo::defaultPrinter().isNull()) printer.setOutputFormat(QPrinter::PdfFormat);
+  QPrintPreviewDialog preview(&printer, parent);
+  preview.setObjectName("dlgPreview");
+  preview.setWindowTitle(QString("Print - ") + document);
+  preview.resize(900, 700);
+  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,
+                   [&paint](QPrinter* device) { paint(*device); });
+  preview.exec();
+}
+
+}  // namespace branok

@@ -1,0 +1,17 @@
+// Printing with a preview: what is seen is what the printer or the PDF file gets.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+class QPrinter;
+
+namespace branok {
+
+/// Shows the preview of what `paint` paints; from it the user prints to a printer or, where there
+/// is none, to a PDF file. `paint` may be called several times, each time on a fresh printer.
+void Print_With_Preview(QWidget* parent, const QString& document,
+                        const std::function<void(QPrinter&)>& paint);
+
+}  // namespace branok
