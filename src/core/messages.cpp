@@ -123,4 +123,19 @@ Message Ask_Check_Before_Save() {
           .topic = Topic::check_before_save};
 }
 
+Message Ask_Exit(bool checked) {
+  const std::string question = "Do you really want to exit the application?";
+  return {.text = checked ? "The edited Data may be lost.\n" + question : question,
+          .icon = Icon::question,
+          .buttons = Buttons::yes_no,
+          .default_answer = Answer::no,
+          .beep = true};
+}
+
+Message Not_Available_Yet(std::string_view command) {
+  std::string text = "\"";
+  text.append(command).append("\" is not available yet.");
+  return Information(std::move(text));
+}
+
 }  // namespace branok::messages

@@ -40,4 +40,10 @@ Message Season_Complete(std::string_view season);
 /// Before a save of data that no check has seen.
 Message Ask_Check_Before_Save();
 
+/// Before the program ends; `checked` tells of checks since the last open or save.
+Message Ask_Exit(bool checked);
+
+/// A command that is still to come.
+Message Not_Available_Yet(std::string_view command);
+
 }  // namespace branok::messages

@@ -93,12 +93,12 @@ Read_Result Open_Project(Project& project, const std::filesystem::path& file,
   return result;
 }
 
-Read_Result Open_Recent(Project& project, int row, const Program_Folders& folders,
-                        Settings& settings, Dialogue& dialogue) {
+std::optional<Read_Result> Open_Recent(Project& project, int row, const Program_Folders& folders,
+                                       Settings& settings, Dialogue& dialogue) {
   const std::string name = settings.Recent_File.at(static_cast<std::size_t>(row));
   if (std::ifstream(name).good()) return Open_Project(project, name, folders, settings, dialogue);
   dialogue.show(messages::File_Not_Found(name));
-  return {.ok = false, .line = 0, .fault = name + " cannot be opened", .silent = false};
+  return std::nullopt;
 }
 
 bool Save_Project(Project& project, const std::filesystem::path& file,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/settings.h"
@@ -27,9 +28,9 @@ Read_Result Open_Project(Project& project, const std::filesystem::path& file,
                          const Program_Folders& folders, Settings& settings, Dialogue& dialogue);
 
 /// Opens recent file `row` (0..3). A file that cannot be opened for reading any more is told, and
-/// leaves project and list as they were.
-Read_Result Open_Recent(Project& project, int row, const Program_Folders& folders,
-                        Settings& settings, Dialogue& dialogue);
+/// leaves project and list as they were: then nothing is returned.
+std::optional<Read_Result> Open_Recent(Project& project, int row, const Program_Folders& folders,
+                                       Settings& settings, Dialogue& dialogue);
 
 enum class Save_Command { save, save_as };
 

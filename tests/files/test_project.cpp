@@ -150,7 +150,7 @@ TEST_F(Project_Commands, is_remembered_by_its_full_name) {
 
 TEST_F(Project_Commands, opens_a_recent_file) {
   settings_.Recent_File[2] = file_.string();
-  EXPECT_TRUE(Open_Recent(project_, 2, folders_, settings_, user_).ok);
+  EXPECT_TRUE(Open_Recent(project_, 2, folders_, settings_, user_).value().ok);
   EXPECT_EQ(settings_.Recent_File[0], file_.string());
 }
 
@@ -159,7 +159,7 @@ TEST_F(Project_Commands, a_recent_file_that_has_gone_leaves_everything_as_it_was
   settings_.Recent_File[1] = (home_ / "gone.abk").string();
   const Settings settings = settings_;
   const Database before = db_;
-  EXPECT_FALSE(Open_Recent(project_, 1, folders_, settings_, user_).ok);
+  EXPECT_FALSE(Open_Recent(project_, 1, folders_, settings_, user_).has_value());
   ASSERT_EQ(user_.shown.size(), 1U);
   EXPECT_EQ(user_.shown[0].text,
             "Not found \"" + settings.Recent_File[1] + "\"file.\nPlease Try Again.");

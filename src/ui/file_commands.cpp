@@ -1,0 +1,116 @@
+// The File menu: new, open, save, recent files, exit.
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include "core/messages.h"
+#include "ui/analysis_window.h"
+#include "ui/main_window.h"
+#include "ui/qt_text.h"
+#include "ui/status_bar.h"
+
+namespace branok {
+
+namespace {
+
+constexpr const char* data_files = "BRANOK Data (*.abk)";
+
+// The name that the user gives in the file dialog, or nothing.
+std::filesystem::path Ask_File(QFileDialog& dialog, const std::filesystem::path& folder) {
+  dialog.setObjectName("cmnDlgBRANOK");
+  dialog.setNameFilter(data_files);
+  dialog.setDefaultSuffix("abk");
+  if (!folder.empty()) dialog.setDirectory(Name_To_Qt(folder));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return To_Path(dialog.selectedFiles().first());
+}
+
+bool Is_Writable(const std::filesystem::path& folder) {
+  return QFileInfo(Name_To_Qt(folder)).isWritable();
+}
+
+}  // namespace
+
+void BRANOK60::File_New(int) {
+  const Busy busy(dialogue_);
+  area_->closeAllSubWindows();
+  project_ = Project();
+  New_Database(project_.db, Today());
+  refresh_windows();
+}
+
+void BRANOK60::File_Open(int) {
+  QFileDialog dialog(this, "Open File  - Select '*.abk' -  ");
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  const std::filesystem::path file = Ask_File(dialog, last_folder_);
+  if (!file.empty()) open_file(file);
+}
+
+void BRANOK60::open_file(const std::filesystem::path& file) {
+  Busy busy(dialogue_);
+  const Read_Result result = Open_Project(project_, file, folders_, settings_, dialogue_);
+  busy.end();
+  opened(result);
+}
+
+void BRANOK60::File_Recent(int row) {
+  Busy busy(dialogue_);
+  const std::optional<Read_Result> result =
+      Open_Recent(project_, row, folders_, settings_, dialogue_);
+  busy.end();
+  if (result) opened(*result);
+}
+
+// The mine has been read, or reading has failed and left an empty one; either is shown.
+void BRANOK60::opened(const Read_Result& result) {
+  if (result.ok) last_folder_ = project_.file.parent_path();
+  rebuild_recent_menu();
+  refresh_windows();
+  if (result.ok && area_->subWindowList().isEmpty()) analysis_window();
+}
+
+void BRANOK60::File_Save(int) {
+  const bool never_saved = project_.db.Data_Ver == 0 || project_.file.empty();
+  save(never_saved ? Save_Command::save_as : Save_Command::save);
+}
+
+void BRANOK60::File_Save_As(int) { save(Save_Command::save_as); }
+
+bool BRANOK60::save(Save_Command command) {
+  if (project_.db.Check_Count == 0 &&
+      dialogue_.show(messages::Ask_Check_Before_Save()) == Answer::yes) {
+    give_command("mnuDataComCheck");
+  }
+  const std::filesystem::path file =
+      command == Save_Command::save ? project_.file : ask_save_name();
+  if (file.empty()) return false;
+  Busy busy(dialogue_);
+  const bool saved = Save_Project(project_, file, folders_, settings_, dialogue_, command);
+  busy.end();
+  if (!saved) return false;
+  last_folder_ = project_.file.parent_path();
+  dialogue_.remark("Saved " + project_.file.string());
+  rebuild_recent_menu();
+  refresh_status();
+  return true;
+}
+
+// The dialog starts beside the open file, else in the last folder, else at home when that folder
+// cannot be written.
+std::filesystem::path BRANOK60::save_folder() const {
+  if (!project_.file.empty()) return project_.file.parent_path();
+  return Is_Writable(last_folder_) ? last_folder_ : To_Path(QDir::homePath());
+}
+
+std::filesystem::path BRANOK60::ask_save_name() {
+  QFileDialog dialog(this, "Save As");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDirectory(Name_To_Qt(save_folder()));
+  // A stroke in the mine's name is no folder.
+  dialog.selectFile(To_Qt(Default_File_Name(project_.db)).replace('/', '-'));
+  return Ask_File(dialog, {});
+}
+
+void BRANOK60::File_Exit(int) { close(); }
+
+}  // namespace branok

@@ -1,0 +1,358 @@
+// The window itself: how it is built, what is enabled in it, and how commands run. The commands
+// stand in file_commands.cpp, analysis_commands.cpp and window_commands.cpp.
+#include "ui/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "core/messages.h"
+#include "ui/analysis_window.h"
+#include "ui/help_window.h"
+#include "ui/icon.h"
+#include "ui/qt_text.h"
+#include "ui/start_page.h"
+#include "ui/status_bar.h"
+
+namespace branok {
+
+namespace {
+
+constexpr const char* tag_property = "Tag";
+constexpr int rolling_period = 25;  // ms
+
+QString Control_Name(const char* name, int index) {
+  return index < 0 ? QString(name) : name + QString::number(index);
+}
+
+// A caption without its mnemonic, dots and blanks: "Save As".
+QString Plain_Caption(QString caption) {
+  caption.remove('&');
+  while (caption.endsWith('.') || caption.endsWith(' ')) caption.chop(1);
+  return caption;
+}
+
+// Screen pixels and twips, the unit of the stored position.
+double Twips_Per_Pixel(const QWidget& widget, bool x) {
+  return 1440.0 / (x ? widget.logicalDpiX() : widget.logicalDpiY());
+}
+
+bool Is_On_A_Screen(const QPoint& place) {
+  return QGuiApplication::screenAt(place + QPoint(32, 8)) != nullptr;
+}
+
+}  // namespace
+
+BRANOK60::BRANOK60(Program_Folders folders, Settings settings, QWidget* parent)
+    : QMainWindow(parent),
+      settings_(std::move(settings)),
+      folders_(std::move(folders)),
+      dialogue_(this, [this](const QString& text) { status_->show_remark(text); }) {
+  setObjectName("BRANOK60");
+  setWindowTitle("BRANOK(Mine Ventilation Analysis) for Windows Ver.6");
+  setWindowIcon(Icon_Of("branok"));
+  setAcceptDrops(true);
+  New_Database(project_.db, Today());
+  panel_.reset(project_.db);
+  std::error_code none;
+  if (const auto demo = folders_.installed_file("DATA");
+      std::filesystem::is_directory(demo, none)) {
+    last_folder_ = demo;
+  }
+  status_ = new Status_Bar(this);
+  setStatusBar(status_);
+  build_menus();
+  build_toolbar();
+  build_middle();
+  auto* const tmrRolling = new QTimer(this);
+  tmrRolling->setObjectName("tmrRolling");
+  tmrRolling->setInterval(rolling_period);
+  rebuild_recent_menu();
+  window_activated();
+  refresh_status();
+  place_window();
+}
+
+BRANOK60::~BRANOK60() {
+  // The child windows go first: they know the panel and the database.
+  delete area_;
+}
+
+void BRANOK60::build_menus() {
+  for (const Top_Menu& top : Menu_Bar()) {
+    QMenu* menu = menuBar()->addMenu(top.caption);
+    menu->setObjectName(top.name);
+    menu->menuAction()->setObjectName(top.name);
+    menu->setToolTipsVisible(true);
+    QMenu* const outer = menu;
+    for (const Menu_Entry& entry : top.entries) {
+      if (entry.item == Item::separator) {
+        menu->addSeparator()->setObjectName(entry.name);
+      } else if (entry.item == Item::menu) {
+        menu = menu->addMenu(entry.caption);
+        menu->setObjectName(entry.name);
+        menu->menuAction()->setObjectName(entry.name);
+        menu->setStatusTip(entry.tip);
+      } else if (entry.item == Item::end_of_menu) {
+        menu = outer;
+      } else {
+        QAction* const made = menu->addAction(Icon_Of(entry.icon), entry.caption);
+        made->setObjectName(Control_Name(entry.name, entry.index));
+        made->setToolTip(entry.tip);
+        made->setShortcut(QKeySequence(entry.shortcut));
+        made->setCheckable(entry.checkable);
+        connect(made, &QAction::triggered, this, [this, made, &entry] {
+          current_ = made;
+          run(entry.run, std::max(entry.index, 0), entry.trap);
+        });
+      }
+    }
+  }
+  action("mnuOptionComTool")->setChecked(true);
+  action("mnuFileComExit")->setMenuRole(QAction::QuitRole);
+  action("mnuHelpComAbout")->setMenuRole(QAction::AboutRole);
+}
+
+void BRANOK60::build_toolbar() {
+  tlbBRANOK_ = addToolBar("Toolbar");
+  tlbBRANOK_->setObjectName("tlbBRANOK");
+  tlbBRANOK_->setMovable(false);
+  tlbBRANOK_->setContextMenuPolicy(Qt::PreventContextMenu);
+  for (const Tool& line : Toolbar_Keys()) {
+    if (std::string_view(line.key) == "Separater") {
+      tlbBRANOK_->addSeparator()->setObjectName(line.key);
+      continue;
+    }
+    QAction* const made = tlbBRANOK_->addAction(Icon_Of(line.icon), line.key);
+    made->setObjectName(line.key);
+    if (QAction* const same = *line.command != '\0' ? action(line.command) : nullptr) {
+      const QString keys = same->shortcut().toString(QKeySequence::NativeText);
+      made->setToolTip(keys.isEmpty() ? same->toolTip() : same->toolTip() + " (" + keys + ")");
+      connect(made, &QAction::triggered, same, &QAction::trigger);
+    } else {
+      made->setToolTip(line.tip);
+      connect(made, &QAction::triggered, this, [this, made, &line] {
+        current_ = made;
+        run(line.run, 0, line.trap);
+      });
+    }
+    tlbBRANOK_->widgetForAction(made)->setObjectName(line.key);
+    tlbBRANOK_->widgetForAction(made)->setAccessibleName(made->toolTip());
+  }
+}
+
+void BRANOK60::build_middle() {
+  area_ = new QMdiArea(this);
+  area_->setObjectName("area");
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setBackground(palette().brush(QPalette::Window));
+  setCentralWidget(area_);
+  start_page_ = new Start_Page(area_->viewport());
+  auto* const layout = new QVBoxLayout(area_->viewport());
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(start_page_);
+  connect(start_page_, &Start_Page::command, this, &BRANOK60::give_command);
+  connect(area_, &QMdiArea::subWindowActivated, this, &BRANOK60::window_activated);
+}
+
+void BRANOK60::place_window() {
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  resize(std::min(1180, screen.width() * 9 / 10), std::min(800, screen.height() * 9 / 10));
+  const QPoint place(qRound(settings_.left / Twips_Per_Pixel(*this, true)),
+                     qRound(settings_.top / Twips_Per_Pixel(*this, false)));
+  if (!isMaximized() && Is_On_A_Screen(place)) move(place);
+}
+
+QAction* BRANOK60::action(const char* name, int index) const {
+  return findChild<QAction*>(Control_Name(name, index));
+}
+
+QAction* BRANOK60::tool(const char* key) const {
+  return tlbBRANOK_->findChild<QAction*>(key, Qt::FindDirectChildrenOnly);
+}
+
+void BRANOK60::enable(const char* name, bool on) { action(name)->setEnabled(on); }
+
+void BRANOK60::give_command(const QString& name, int index) {
+  if (QAction* const asked = action(name.toUtf8().constData(), index)) asked->trigger();
+}
+
+void BRANOK60::run(Command_Procedure procedure, int index, const char* trap) {
+  status_->clear_remarks();
+  try {
+    (this->*procedure)(index);
+    return;
+  } catch (const std::exception& fault) {
+    dialogue_.end_busy();
+    dialogue_.remark(fault.what());
+  }
+  const bool is_file_command = *trap == '\'';
+  dialogue_.show(is_file_command ? messages::File_Error(trap) : messages::Calculation_Error(trap));
+  refresh_status();
+}
+
+void BRANOK60::Not_Available_Yet(int) {
+  dialogue_.show(messages::Not_Available_Yet(Plain_Caption(current_->text()).toStdString()));
+}
+
+// --- What is enabled and what is visible
+
+QString BRANOK60::window_tag() const {
+  return action("mnuWindowCom")->property(tag_property).toString();
+}
+
+QString BRANOK60::edit_tag() const {
+  return action("mnuEditCom")->property(tag_property).toString();
+}
+
+void BRANOK60::set_window_tag(const char* tag) {
+  action("mnuWindowCom")->setProperty(tag_property, tag);
+  findChild<QMenu*>("mnuWindowCom")->setProperty(tag_property, tag);
+}
+
+void BRANOK60::set_edit_tag(const QString& tag) {
+  action("mnuEditCom")->setProperty(tag_property, tag);
+  findChild<QMenu*>("mnuEditCom")->setProperty(tag_property, tag);
+}
+
+void BRANOK60::Set_Menu_Visible(bool database, bool analysis, bool graph, bool cad) {
+  action("mnuDataCom")->setVisible(database);
+  action("mnuAnalysisCom")->setVisible(analysis);
+  action("mnuGraphcom")->setVisible(graph);
+  action("mnuCADCom")->setVisible(cad);
+  action("mnuEditCom")->setVisible(database || analysis || graph || cad);
+}
+
+void BRANOK60::Set_Edit_Menu_State(bool print, bool copy, bool cut, bool paste, bool rows) {
+  enable("mnuFileComPrint", print);
+  enable("mnuEditComCopy", copy);
+  enable("mnuEditComCut", cut);
+  enable("mnuEditComPaste", paste);
+  for (const char* const name : {"mnuEditComPasteIns", "mnuEditComInsert1", "mnuEditComDel1",
+                                 "mnuEditComInserts", "mnuEditComDels"}) {
+    enable(name, rows);
+  }
+}
+
+void BRANOK60::Set_Toolbar_State(bool print, bool copy, bool cut, bool paste, bool a, bool b,
+                                 bool c, bool refresh) {
+  tool("print")->setEnabled(print);
+  tool("copy")->setEnabled(copy);
+  tool("cut")->setEnabled(cut);
+  tool("paste")->setEnabled(paste);
+  tool("camera")->setEnabled(a);
+  tool("zoomin")->setEnabled(b);
+  tool("zoomout")->setEnabled(b);
+  tool("mark attach")->setEnabled(c);
+  tool("rect")->setEnabled(c);
+  tool("refresh")->setEnabled(refresh);
+}
+
+void BRANOK60::Set_Graph_Menu_State(bool f, bool g) {
+  enable("mnuGraphComIn", f);
+  enable("mnuGraphComOut", f);
+  enable("mnuGraphComRoll", !f);
+  enable("mnuGraphComColor", g);
+  enable("mnuGraphComLvl", g);
+  enable("mnuGraphComSave", g);
+  enable("mnuGraphComTemp", g && project_.db.Flag_Results != 0);
+}
+
+// A child window has come to the top, or the last one has gone.
+void BRANOK60::window_activated() {
+  const QMdiSubWindow* const top = area_->currentSubWindow();
+  const bool analysis = top != nullptr && analysis_ != nullptr && top->widget() == analysis_;
+  start_page_->setVisible(area_->subWindowList().isEmpty());
+  Set_Menu_Visible(false, analysis, false, false);
+  set_window_tag(analysis ? "analysis" : "none");
+  show_analysis_state();
+}
+
+void BRANOK60::show_analysis_state() {
+  const bool analysis = window_tag() == "analysis";
+  const std::string page = analysis ? analysis_->page_tag() : "none";
+  const bool grid = page == "pressure" || page == "flow";
+  set_edit_tag(grid ? QString::fromStdString(page) : QString("none"));
+  Set_Edit_Menu_State(analysis, grid, false, grid, false);
+  Set_Toolbar_State(analysis, grid, false, grid, false, false, false, analysis);
+  enable("mnuAnalysisComAnnual", panel_.mnuAnalysisComAnnual);
+  enable("mnuAnalysisComDiagram", panel_.mnuAnalysisComDiagram);
+  enable("mnuAnalysisComLeng", panel_.mnuAnalysisComLeng);
+  enable("mnuAnalysisComGraph", panel_.mnuAnalysisComGraph);
+}
+
+void BRANOK60::rebuild_recent_menu() {
+  bool any = false;
+  for (int row = 0; row < recent_rows; ++row) {
+    QAction* const item = action("mnuFileComPrefile", row);
+    const std::string& name = settings_.Recent_File.at(static_cast<std::size_t>(row));
+    item->setVisible(!name.empty());
+    item->setText(QString::fromStdString(name).replace('&', "&&"));
+    any = any || !name.empty();
+  }
+  action("Separeter12")->setVisible(any);
+  start_page_->show_recent(settings_);
+}
+
+void BRANOK60::refresh_windows() {
+  outdated_.clear();
+  panel_.reset(project_.db);
+  if (analysis_ != nullptr) analysis_->load();
+  show_analysis_state();
+  refresh_status();
+}
+
+void BRANOK60::refresh_status() {
+  if (project_.db.Flag_Results == 0) outdated_.clear();
+  status_->show_mine(project_.db, project_.file, outdated_);
+}
+
+// --- Events
+
+void BRANOK60::closeEvent(QCloseEvent* event) {
+  const bool checked = project_.db.Check_Count >= 1;
+  if (dialogue_.show(messages::Ask_Exit(checked)) != Answer::yes) {
+    event->ignore();
+    return;
+  }
+  settings_.left = qRound(x() * Twips_Per_Pixel(*this, true));
+  settings_.top = qRound(y() * Twips_Per_Pixel(*this, false));
+  const bool normal = !isMaximized() && !isMinimized() && !isFullScreen();
+  try {
+    Save_Settings(settings_, folders_.Ini_Path(), normal, End_Time());
+  } catch (const std::exception& fault) {
+    dialogue_.remark(fault.what());
+    dialogue_.show(messages::File_Error("'Exit'"));
+  }
+  if (help_ != nullptr) help_->close();
+  event->accept();
+}
+
+void BRANOK60::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && area_ != nullptr) {
+    area_->setBackground(palette().brush(QPalette::Window));
+  }
+  if (event->type() == QEvent::ActivationChange && status_ != nullptr) status_->show_keyboard();
+}
+
+void BRANOK60::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls() && event->mimeData()->urls().first().isLocalFile()) {
+    event->acceptProposedAction();
+  }
+}
+
+void BRANOK60::dropEvent(QDropEvent* event) {
+  open_file(To_Path(event->mimeData()->urls().first().toLocalFile()));
+}
+
+}  // namespace branok

@@ -1,0 +1,165 @@
+// BRANOK60, the program's one window: menus, toolbar, status bar, and the child windows in its
+// middle. It holds the open mine and routes each command to the room that does the work.
+#pragma once
+
+#include <QFont>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QPointer>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "core/settings.h"
+#include "files/project.h"
+#include "thermal/diagrams.h"
+#include "ui/analysis_panel.h"
+#include "ui/command_table.h"
+#include "ui/qt_dialogue.h"
+
+class QAction;
+class QToolBar;
+
+namespace branok {
+
+class Help_Window;
+class MDIAna;
+class Start_Page;
+class Status_Bar;
+
+class BRANOK60 : public QMainWindow {
+  Q_OBJECT
+ public:
+  /// The window with the sample network in the database; it takes the stored position when that is
+  /// on a screen.
+  BRANOK60(Program_Folders folders, Settings settings, QWidget* parent = nullptr);
+  ~BRANOK60() override;
+  BRANOK60(const BRANOK60&) = delete;
+  BRANOK60& operator=(const BRANOK60&) = delete;
+  BRANOK60(BRANOK60&&) = delete;
+  BRANOK60& operator=(BRANOK60&&) = delete;
+
+  /// Gives the command of a menu entry by its name ("mnuFileComPrefile" with index 1), as if it had
+  /// been chosen there: nothing happens when it is disabled.
+  void give_command(const QString& name, int index = -1);
+
+  /// Opens a data file, as File Open does once it has the name.
+  void open_file(const std::filesystem::path& file);
+
+  // --- What is enabled and what is visible
+
+  /// The word of the child window on top: "none", "database", "analysis", "graphic", "cad".
+  [[nodiscard]] QString window_tag() const;
+  /// What has the focus for the Edit commands: "none", "pressure", "flow", ...
+  [[nodiscard]] QString edit_tag() const;
+
+  /// Which of the child windows' own menus show; the Edit menu shows with any of them.
+  void Set_Menu_Visible(bool database, bool analysis, bool graph, bool cad);
+  void Set_Edit_Menu_State(bool print, bool copy, bool cut, bool paste, bool rows);
+  /// The toolbar's buttons by key. Of the drawing buttons "camera" follows a, "zoomin" and
+  /// "zoomout" b, "mark attach" and "rect" c.
+  void Set_Toolbar_State(bool print, bool copy, bool cut, bool paste, bool a, bool b, bool c,
+                         bool refresh);
+  /// Zoom follows f and rolling its inverse (a picture in space rolls, a flat one zooms); colours,
+  /// level band and saving follow g; the colour index needs results as well.
+  void Set_Graph_Menu_State(bool f, bool g);
+
+  // --- The commands, each called by the command table alone
+
+  void File_New(int);
+  void File_Open(int);
+  void File_Save(int);
+  void File_Save_As(int);
+  void File_Recent(int row);
+  void File_Exit(int);
+
+  void Edit_Copy(int);
+
+  void Fan_Diagram(int);
+
+  void Analysis_Display(int);
+  void Analysis_Find(int);
+  void Analysis_Press(int);
+  void Analysis_Annual(int);
+  void Analysis_Monthly(int);
+  void Analysis_Set_Const_Temp(int);
+  void Analysis_Diagram(int);
+  void Analysis_Graph(int);
+  void Analysis_Leng(int);
+  void Analysis_Switch(int);
+  void Analysis_Para(int);
+
+  void Option_Tool(int);
+  void Option_Font(int);
+  void Window_Cascade(int);
+  void Window_Tile(int);
+  void Window_Icon(int);
+  void Window_Select(int index);
+  void Help_BRN(int);
+  void Help_About(int);
+
+  void Tool_Zoom_In(int);
+  void Tool_Zoom_Out(int);
+  void Tool_Rect(int);
+  void Tool_Mark_Attach(int);
+  void Tool_Refresh(int);
+
+  /// Says that a command is still to come.
+  void Not_Available_Yet(int);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void build_menus();
+  void build_toolbar();
+  void build_middle();
+  void place_window();
+
+  QAction* action(const char* name, int index = -1) const;
+  QAction* tool(const char* key) const;
+  void enable(const char* name, bool on);
+
+  /// Runs a command; whatever goes wrong in it ends in the message that names it.
+  void run(Command_Procedure procedure, int index, const char* trap);
+
+  void set_window_tag(const char* tag);
+  void set_edit_tag(const QString& tag);
+  void window_activated();
+  /// Shows the states of the Analysis window's commands in menu and toolbar.
+  void show_analysis_state();
+  void rebuild_recent_menu();
+  /// After a load: everything that is on screen shows the present mine.
+  void refresh_windows();
+  void refresh_status();
+
+  void opened(const Read_Result& result);
+  bool save(Save_Command command);
+  [[nodiscard]] std::filesystem::path ask_save_name();
+  [[nodiscard]] std::filesystem::path save_folder() const;
+
+  MDIAna& analysis_window();
+  void run_analysis(const std::function<bool()>& calculation);
+  void draw_diagram(Diagram_Kind kind, int fan = 1);
+
+  Project project_;
+  Settings settings_;
+  Program_Folders folders_;
+  Qt_Dialogue dialogue_;
+  Analysis_Panel panel_;
+  std::filesystem::path last_folder_;  // of the file dialogs
+  std::string outdated_;               // why the results are no longer those of the data; or empty
+
+  QMdiArea* area_ = nullptr;
+  QToolBar* tlbBRANOK_ = nullptr;
+  Status_Bar* status_ = nullptr;
+  Start_Page* start_page_ = nullptr;
+  QPointer<MDIAna> analysis_;
+  QPointer<Help_Window> help_;
+  QAction* current_ = nullptr;  // whose command runs
+};
+
+}  // namespace branok

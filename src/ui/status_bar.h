@@ -1,0 +1,56 @@
+// The status bar: the last remark, the mine, its file, the state of its results, the keyboard and
+// the time.
+#pragma once
+
+#include <QBasicTimer>
+#include <QLabel>
+#include <QStatusBar>
+#include <filesystem>
+#include <string>
+
+#include "core/database.h"
+
+namespace branok {
+
+/// The state of the results in words: "No results", "Results: Flow", "Results: Annual", "Results:
+/// mid Summer"; behind them, when the data have changed since, that they are out of date and why.
+std::string Results_Text(const Database& db, const std::string& outdated);
+
+class Status_Bar : public QStatusBar {
+  Q_OBJECT
+ public:
+  explicit Status_Bar(QWidget* parent);
+
+  /// A remark: shown until the next one or the next command, in full as a tool tip.
+  void show_remark(const QString& text);
+  void clear_remarks();
+
+  void show_mine(const Database& db, const std::filesystem::path& file,
+                 const std::string& outdated);
+
+  /// Reads the state of the lock keys and shows it.
+  void show_keyboard();
+
+ protected:
+  void timerEvent(QTimerEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void show_time();
+  void fit_file();
+
+  QLabel* field(const char* name, const QString& tip);
+
+  QStringList remarks_;
+  QLabel* remark_;
+  QLabel* mine_;
+  QLabel* file_;
+  QLabel* results_;
+  QLabel* caps_;
+  QLabel* num_;
+  QLabel* time_;
+  QString file_name_;
+  QBasicTimer clock_;
+};
+
+}  // namespace branok

@@ -1,0 +1,94 @@
+// The Option, Window and Help menus, Copy, and the toolbar buttons that go by the window on top.
+#include <QFontDialog>
+#include <QMdiSubWindow>
+#include <QToolBar>
+
+#include "ui/about_dialog.h"
+#include "ui/analysis_window.h"
+#include "ui/help_window.h"
+#include "ui/main_window.h"
+
+namespace branok {
+
+void BRANOK60::Edit_Copy(int) {
+  if (window_tag() == "analysis") analysis_window().copy_selection();
+}
+
+void BRANOK60::Option_Tool(int) { tlbBRANOK_->setVisible(action("mnuOptionComTool")->isChecked()); }
+
+void BRANOK60::Option_Font(int) {
+  QFontDialog dialog(analysis_ != nullptr ? analysis_->font() : font(), this);
+  dialog.setObjectName("cmnDlgBRANOK");
+  if (dialog.exec() != QDialog::Accepted) return;
+  if (window_tag() == "analysis") analysis_window().apply_font(dialog.selectedFont());
+}
+
+void BRANOK60::Window_Cascade(int) { area_->cascadeSubWindows(); }
+
+void BRANOK60::Window_Tile(int) { area_->tileSubWindows(); }
+
+// Minimised windows stand side by side along the lower edge.
+void BRANOK60::Window_Icon(int) {
+  int x = 0;
+  for (QMdiSubWindow* const window : area_->subWindowList()) {
+    if (!window->isMinimized()) continue;
+    window->move(x, area_->viewport()->height() - window->height());
+    x += window->width();
+  }
+}
+
+void BRANOK60::Window_Select(int index) {
+  constexpr int analysis = 1;
+  if (index != analysis) {
+    Not_Available_Yet(index);
+    return;
+  }
+  const bool was_open = analysis_ != nullptr;
+  MDIAna& window = analysis_window();
+  if (!was_open) return;
+  auto* const frame = qobject_cast<QMdiSubWindow*>(window.parentWidget());
+  if (frame->isMinimized()) frame->showNormal();
+  area_->setActiveSubWindow(frame);
+  Analysis_Display(0);
+}
+
+void BRANOK60::Help_BRN(int) {
+  if (help_ == nullptr) {
+    help_ = new Help_Window(folders_.installed_file("branok.hlp"), this);
+    help_->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  help_->show_index();
+  help_->show();
+  help_->raise();
+  help_->activateWindow();
+}
+
+void BRANOK60::Help_About(int) { DlgAbout(this).exec(); }
+
+void BRANOK60::Tool_Zoom_In(int) {
+  if (window_tag() == "cad") give_command("mnuCADComIn");
+  if (window_tag() == "graphic") give_command("mnuGraphComIn");
+}
+
+void BRANOK60::Tool_Zoom_Out(int) {
+  if (window_tag() == "cad") give_command("mnuCADComOut");
+  if (window_tag() == "graphic") give_command("mnuGraphComOut");
+}
+
+void BRANOK60::Tool_Rect(int) {
+  if (window_tag() == "cad") give_command("mnuCADComArea");
+  if (window_tag() == "graphic") give_command("mnuGraphComArea");
+}
+
+void BRANOK60::Tool_Mark_Attach(int) {
+  if (window_tag() == "cad") give_command("mnuCADComAttach");
+  if (window_tag() == "graphic") give_command("mnuGraphComAttach");
+}
+
+void BRANOK60::Tool_Refresh(int) {
+  if (window_tag() == "analysis") give_command("mnuAnalysisComDisp");
+  if (window_tag() == "graphic") give_command("mnuGraphComClear");
+  if (window_tag() == "cad") give_command("mnuCADComClear");
+}
+
+}  // namespace branok
