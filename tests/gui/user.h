@@ -34,7 +34,8 @@ class User : public QObject {
   std::deque<QMessageBox::StandardButton> answers;  ///< in turn; when empty the default button
   /// What is done in dialogs that are no message boxes, in turn; when empty Escape is pressed.
   std::deque<std::function<void(QDialog&)>> dialogs;
-  std::vector<QString> dialogs_seen;  ///< their object names
+  std::vector<QString> dialogs_seen;                     ///< their object names
+  std::function<void(QWidget&)> look = [](QWidget&) {};  ///< before a box or dialog is answered
 
   [[nodiscard]] bool saw(const QString& part) const {
     for (const Seen_Box& box : boxes) {
@@ -57,6 +58,7 @@ class User : public QObject {
 
  private:
   void answer(QMessageBox& box) {
+    look(box);
     auto* const by_default = qobject_cast<QPushButton*>(box.defaultButton());
     const auto default_button =
         by_default != nullptr ? box.standardButton(by_default) : QMessageBox::NoButton;
@@ -75,6 +77,7 @@ class User : public QObject {
   }
 
   void use(QDialog& dialog) {
+    look(dialog);
     dialogs_seen.push_back(dialog.objectName());
     if (dialogs.empty()) {
       dialog.reject();

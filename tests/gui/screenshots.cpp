@@ -1,0 +1,137 @@
+// Takes a picture of every window and dialog: screenshots FOLDER light|dark. Nothing is compared; a
+// person looks at them.
+#include <QDir>
+#include <QMdiArea>
+#include <QMenu>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTest>
+#include <cstdio>
+
+#include "support/temporary_folder.h"
+#include "ui/grid_view.h"
+#include "ui/main_window.h"
+#include "user.h"
+
+namespace branok {
+
+namespace {
+
+QPalette Dark() {
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(43, 43, 43));
+  dark.setColor(QPalette::WindowText, QColor(224, 224, 224));
+  dark.setColor(QPalette::Base, QColor(32, 32, 32));
+  dark.setColor(QPalette::AlternateBase, QColor(38, 38, 38));
+  dark.setColor(QPalette::Text, QColor(224, 224, 224));
+  dark.setColor(QPalette::PlaceholderText, QColor(150, 150, 150));
+  dark.setColor(QPalette::Button, QColor(53, 53, 53));
+  dark.setColor(QPalette::ButtonText, QColor(224, 224, 224));
+  dark.setColor(QPalette::ToolTipBase, QColor(60, 60, 60));
+  dark.setColor(QPalette::ToolTipText, QColor(224, 224, 224));
+  dark.setColor(QPalette::Highlight, QColor(47, 101, 158));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::Link, QColor(110, 170, 230));
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    dark.setColor(QPalette::Disabled, role, QColor(120, 120, 120));
+  }
+  return dark;
+}
+
+class Photographer {
+ public:
+  explicit Photographer(const QString& folder) : folder_(folder) {
+    user_.look = [this](QWidget& box) { take(box, "box"); };
+  }
+
+  void take(QWidget& widget, const QString& name) {
+    QTest::qWait(60);
+    const QString file =
+        QString("%1/%2-%3.png").arg(folder_).arg(++count_, 2, 10, QChar('0')).arg(name);
+    if (!widget.grab().save(file)) std::fprintf(stderr, "%s not written\n", qPrintable(file));
+  }
+
+  void walk() {
+    const Temporary_Folder home;
+    std::filesystem::copy(std::filesystem::path(BRANOK_TEST_DATA) / "DATA", home / "DATA");
+    BRANOK60 window({.own = home.path(), .installed = {home.path(), BRANOK_TEST_DATA}}, Settings());
+    window.show();
+    (void)QTest::qWaitForWindowActive(&window);
+    take(window, "start");
+    window.give_command("mnuFileComOpen");
+    window.open_file(home / "DATA" / "mine-a.abk");
+    take(window, "analysis-opened");
+    runs(window);
+    pages(window);
+    for (const char* const name :
+         {"mnuAnalysisComDiagram", "mnuAnalysisComGraph", "mnuAnalysisComLeng", "mnuDataComGraph",
+          "mnuAnalysisComPara", "mnuAnalysisComFind", "mnuHelpComAbout", "mnuOptionComFont",
+          "mnuFileComSaveAs", "mnuWinSelCom2"}) {
+      window.give_command(name);
+    }
+    menus(window);
+    window.give_command("mnuHelpComBRN");
+    for (QWidget* const top : QApplication::topLevelWidgets()) {
+      if (top->objectName() == "Help") take(*top, "help");
+    }
+    window.open_file(home / "DATA" / "mine-c.abk");
+    take(window, "mine-c");
+    window.resize(800, 560);
+    take(window, "small");
+    user_.answers = {QMessageBox::Yes};
+    window.close();
+  }
+
+ private:
+  void runs(BRANOK60& window) {
+    user_.answers = {QMessageBox::No, QMessageBox::Ok};
+    window.give_command("mnuAnalysisComPress");
+    take(window, "flow");
+    window.give_command("mnuAnalysisComAnnual");
+    take(window, "annual");
+    user_.answers = {QMessageBox::Yes, QMessageBox::Yes};
+    window.give_command("mnuAnalysisComMonthly");
+    take(window, "season");
+  }
+
+  void pages(BRANOK60& window) {
+    auto* const tabs = window.findChild<QTabWidget*>("tabAna");
+    for (int page = 1; page < 3; ++page) {
+      tabs->setCurrentIndex(page);
+      tabs->currentWidget()->findChild<Grid_View*>()->setFocus();
+      take(window, "page");
+    }
+    tabs->setCurrentIndex(0);
+  }
+
+  void menus(BRANOK60& window) {
+    for (QMenu* const menu : window.findChildren<QMenu*>()) {
+      if (menu->objectName().isEmpty()) continue;
+      menu->popup({0, 0});
+      take(*menu, menu->objectName());
+      menu->close();
+    }
+  }
+
+  QString folder_;
+  User user_;
+  int count_ = 0;
+};
+
+}  // namespace
+
+}  // namespace branok
+
+int main(int argc, char** argv) {
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  QApplication application(argc, argv);
+  if (argc != 3) {
+    std::fprintf(stderr, "Usage: screenshots FOLDER light|dark\n");
+    return 2;
+  }
+  QApplication::setStyle("Fusion");
+  if (QString(argv[2]) == "dark") QApplication::setPalette(branok::Dark());
+  branok::Photographer(argv[1]).walk();
+  return 0;
+}
