@@ -9,6 +9,7 @@
 #include "thermal/seasonal.h"
 #include "ui/analysis_window.h"
 #include "ui/diagram_dialog.h"
+#include "ui/icon.h"
 #include "ui/main_window.h"
 #include "ui/parameter_dialog.h"
 
@@ -46,6 +47,7 @@ MDIAna& BRANOK60::analysis_window() {
   connect(analysis_, &MDIAna::state_changed, this, &BRANOK60::show_analysis_state);
   QMdiSubWindow* const frame = area_->addSubWindow(analysis_);
   frame->setAttribute(Qt::WA_DeleteOnClose);
+  frame->setWindowIcon(Icon_Of("window-analysis"));
   connect(frame, &QObject::destroyed, this, &BRANOK60::window_activated);
   analysis_->load();
   frame->showMaximized();

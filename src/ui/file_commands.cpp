@@ -32,7 +32,7 @@ bool Is_Writable(const std::filesystem::path& folder) {
 
 void BRANOK60::File_New(int) {
   const Busy busy(dialogue_);
-  area_->closeAllSubWindows();
+  unload_windows();
   project_ = Project();
   New_Database(project_.db, Today());
   refresh_windows();

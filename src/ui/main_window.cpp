@@ -82,7 +82,9 @@ BRANOK60::BRANOK60(Program_Folders folders, Settings settings, QWidget* parent)
 }
 
 BRANOK60::~BRANOK60() {
-  // The child windows go first: they know the panel and the database.
+  // The child windows go first, and quietly: they know the panel and the database.
+  area_->disconnect(this);
+  for (QMdiSubWindow* const frame : area_->subWindowList()) frame->disconnect(this);
   delete area_;
 }
 
@@ -288,6 +290,13 @@ void BRANOK60::show_analysis_state() {
   enable("mnuAnalysisComDiagram", panel_.mnuAnalysisComDiagram);
   enable("mnuAnalysisComLeng", panel_.mnuAnalysisComLeng);
   enable("mnuAnalysisComGraph", panel_.mnuAnalysisComGraph);
+}
+
+void BRANOK60::unload_windows() {
+  for (QMdiSubWindow* const frame : area_->subWindowList()) {
+    frame->close();
+    delete frame;
+  }
 }
 
 void BRANOK60::rebuild_recent_menu() {

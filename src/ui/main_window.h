@@ -131,6 +131,7 @@ class BRANOK60 : public QMainWindow {
   void window_activated();
   /// Shows the states of the Analysis window's commands in menu and toolbar.
   void show_analysis_state();
+  void unload_windows();
   void rebuild_recent_menu();
   /// After a load: everything that is on screen shows the present mine.
   void refresh_windows();
