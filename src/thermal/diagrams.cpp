@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "airflow/branches.h"
 #include "core/faults.h"
@@ -153,10 +154,7 @@ std::string Fan_Footnote(const Database& db, int fan,
 Diagram Fan_Diagram(const Database& db, int fan) {
   Database fitted = With_Fitted_Fan(db, fan);
   const Fan_Curves curves = Calc_Fan_Curves(fitted, fan);
-  Diagram diagram{.title = "Fan Characteristic Diagram of Fan No." + std::to_string(fan),
-                  .x_title = "Flow Rate [m\u00b3/min]",
-                  .y_title = "Head [mmH2O]",
-                  .show_legend = true};
+  Diagram diagram = Blank_Fan_Diagram(fan);
   for (std::size_t j = 1; j <= fan_curves; ++j) {
     if (curves.count[j] == 0) continue;
     Diagram_Series curve{.name = Speed_Name(db, fan, curves.ratio[j]), .main = j == 3};
@@ -222,6 +220,15 @@ Diagram Diagram_Of(const Database& db, Diagram_Kind kind, int fan) {
 }
 
 }  // namespace
+
+Diagram Blank_Fan_Diagram(int fan, std::string hint) {
+  return {.kind = Diagram_Kind::fan,
+          .title = "Fan Characteristic Diagram of Fan No." + std::to_string(fan),
+          .x_title = "Flow Rate [m\u00b3/min]",
+          .y_title = "Head [mmH2O]",
+          .show_legend = true,
+          .hint = std::move(hint)};
+}
 
 std::optional<Diagram_Point> Fan_Working_Point(const Database& db, int fan) {
   Database fitted = With_Fitted_Fan(db, fan);

@@ -50,6 +50,9 @@ struct Diagram {
 /// no such fan, or when Para_MonthPrev is no season.
 Diagram Make_Diagram(const Database& db, Diagram_Kind kind, int fan = 1);
 
+/// The diagram of a main fan without its curves, and why they are not there.
+Diagram Blank_Fan_Diagram(int fan, std::string hint = {});
+
 /// Where main fan `fan` works: its flow in m3/min, as a volume of outside air like the flows of its
 /// curve, and its head in mmH2O. From the nodal pressures and airway flows alone, so that it is
 /// there after a load too. Nothing without results. Raises what Make_Diagram raises.
