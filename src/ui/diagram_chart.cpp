@@ -18,6 +18,11 @@ constexpr double pixels_per_point = 96.0 / 72;
 constexpr double near = 12;  // pixels from the pointer to the point it means
 constexpr int legend_columns = 3;
 
+// Rows of the chart: title, axes, and what only some diagrams have.
+constexpr int title_row = 0;
+constexpr int legend_row = 2;
+constexpr int footnote_row = 3;
+
 // Colours that the colour-blind tell apart, darker for a light ground and lighter for a dark one.
 constexpr std::array<QRgb, 6> on_light = {0xff0072b2, 0xffc24a00, 0xff00825f,
                                           0xffa9427f, 0xff202020, 0xff8a6d00};
@@ -43,7 +48,7 @@ Chart_Look Look_On(const QColor& ground, const QColor& text) {
   Chart_Look look;
   look.ground = ground;
   look.text = text;
-  look.grid = Between(ground, text, 0.18);
+  look.grid = Between(ground, text, 0.25);
   const bool dark = ground.lightness() < 128;
   std::transform(dark ? on_dark.begin() : on_light.begin(), dark ? on_dark.end() : on_light.end(),
                  look.curves.begin(), [](QRgb rgb) { return QColor(rgb); });
@@ -63,7 +68,7 @@ Chart_Look Paper_Look(const QFont& font) {
   return look;
 }
 
-// The range of one coordinate of all points, which `first` widens.
+// The range of one coordinate of all points.
 QCPRange Extent(const Diagram& diagram, double Diagram_Point::*coordinate) {
   double low = std::numeric_limits<double>::infinity();
   double high = -low;
@@ -108,7 +113,7 @@ QCPRange Horizontal_Range(const Diagram& diagram) {
     case Diagram_Kind::intemp:
       return {0, 365};
     case Diagram_Kind::fan:
-      return {0, extent.upper > 0 ? extent.upper : 1};
+      return {0, extent.upper > 0 ? 1.02 * extent.upper : 1};
     case Diagram_Kind::temp:
     case Diagram_Kind::gtemp:
       break;
@@ -122,8 +127,6 @@ QCPRange Vertical_Range(const Diagram& diagram) {
   if (diagram.kind == Diagram_Kind::fan && extent.upper > 0) return {0, 1.08 * extent.upper};
   return With_Margin(extent);
 }
-
-bool Has_Points(const Diagram_Series& series) { return !series.points.empty(); }
 
 QString Number(double value) { return QLocale::c().toString(value, 'g', 6); }
 
@@ -144,11 +147,15 @@ Diagram_Chart::Diagram_Chart(QWidget* parent)
   take_screen_look();
 }
 
-// Title, chart, legend and footnote one below the other, so that the legend covers no curve.
+// Title, axes, legend and footnote one below the other, so that the legend covers no curve.
 void Diagram_Chart::arrange() {
   QCPLayoutGrid* const rows = plotLayout();
-  rows->insertRow(0);
-  rows->addElement(0, 0, title_);
+  rows->insertRow(title_row);
+  rows->addElement(title_row, 0, title_);
+  rows->expandTo(footnote_row + 1, 1);
+  for (const int row : {legend_row, footnote_row}) rows->setRowStretchFactor(row, 0.001);
+  rows->setRowSpacing(6);
+  rows->setMargins({12, 12, 16, 8});
   axisRect()->insetLayout()->take(legend);
   legend->setBorderPen(Qt::NoPen);
   legend->setBrush(Qt::NoBrush);
@@ -157,12 +164,15 @@ void Diagram_Chart::arrange() {
   legend->setMargins({0, 0, 0, 0});
   legend->setFillOrder(QCPLegend::foColumnsFirst);
   legend->setWrap(legend_columns);
-  rows->addElement(2, 0, legend);
-  rows->setRowStretchFactor(2, 0.001);
   footnote_->setTextFlags(Qt::AlignLeft | Qt::AlignVCenter);
-  rows->addElement(3, 0, footnote_);
-  rows->setRowSpacing(6);
-  rows->setMargins({12, 12, 16, 8});
+}
+
+// An element that is not shown takes no room.
+void Diagram_Chart::show_in_row(int row, QCPLayoutElement* element, bool shown) {
+  element->setVisible(shown);
+  const bool there = plotLayout()->hasElement(row, 0);
+  if (shown && !there) plotLayout()->addElement(row, 0, element);
+  if (!shown && there) plotLayout()->take(element);
 }
 
 void Diagram_Chart::take_screen_look() {
@@ -203,7 +213,8 @@ void Diagram_Chart::show_diagram(Diagram diagram) {
   footnote_->setText(QString::fromStdString(diagram_.footnote));
   xAxis->setLabel(QString::fromStdString(diagram_.x_title));
   yAxis->setLabel(QString::fromStdString(diagram_.y_title));
-  legend->setVisible(diagram_.show_legend);
+  show_in_row(legend_row, legend, diagram_.show_legend && !diagram_.series.empty());
+  show_in_row(footnote_row, footnote_, !diagram_.footnote.empty());
   setAccessibleName(title_->text());
   clearPlottables();
   clearItems();
@@ -227,10 +238,6 @@ bool Diagram_Chart::logarithmic() const {
                      [](const Diagram_Point& point) { return point.y > 0; });
 }
 
-bool Diagram_Chart::empty() const {
-  return std::none_of(diagram_.series.begin(), diagram_.series.end(), Has_Points);
-}
-
 void Diagram_Chart::choose_tickers() {
   QSharedPointer<QCPAxisTicker> x_ticker(new QCPAxisTicker);
   if (diagram_.kind == Diagram_Kind::press || diagram_.kind == Diagram_Kind::month) {
@@ -252,9 +259,8 @@ void Diagram_Chart::choose_tickers() {
     axis->setScaleType(scale);
     axis->setTicker(y_ticker);
   }
-  // Numbers on the axes of an empty diagram would stand for nothing.
-  xAxis->setTickLabels(!empty());
-  yAxis->setTickLabels(!empty());
+  // Numbers on the axes of a diagram without values would stand for nothing.
+  for (QCPAxis* axis : axisRect()->axes()) axis->setTicks(diagram_.hint.empty());
 }
 
 void Diagram_Chart::add_series() {
@@ -297,10 +303,15 @@ void Diagram_Chart::add_working_point() {
                      .arg(QString::number(x, 'f', 0), QString::number(y, 'f', 1)));
   label->setFont(look_.small);
   label->setColor(look_.text);
-  label->setPadding({10, 4, 10, 4});
+  label->setBrush(look_.ground);
+  label->setPadding({4, 1, 4, 1});
   const bool right_half = x > Horizontal_Range(diagram_).center();
-  label->setPositionAlignment((right_half ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop);
-  label->position->setCoords(x, y);
+  label->setPositionAlignment((right_half ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  auto* const place = new QCPItemTracer(this);
+  place->setVisible(false);
+  place->position->setCoords(x, y);
+  label->position->setParentAnchor(place->position);
+  label->position->setCoords(right_half ? -12 : 12, 0);
 }
 
 void Diagram_Chart::add_hint() {

@@ -53,6 +53,7 @@ class Diagram_Chart : public QCustomPlot {
 
  private:
   void arrange();
+  void show_in_row(int row, QCPLayoutElement* element, bool shown);
   void set_look(const Chart_Look& look);
   void take_screen_look();
   void add_series();
@@ -60,7 +61,6 @@ class Diagram_Chart : public QCustomPlot {
   void add_hint();
   void choose_tickers();
   [[nodiscard]] bool logarithmic() const;
-  [[nodiscard]] bool empty() const;
   [[nodiscard]] QString point_text(const QString& name, const Diagram_Point& point) const;
   [[nodiscard]] std::unique_ptr<Diagram_Chart> on_paper() const;
   void zoom(double factor);
