@@ -1,4 +1,5 @@
 // The Analysis menu and the buttons of the Analysis window.
+#include <QApplication>
 #include <QMdiSubWindow>
 
 #include "airflow/flow_run.h"
@@ -113,14 +114,20 @@ void BRANOK60::Analysis_Set_Const_Temp(int) {
   refresh_status();
 }
 
-void BRANOK60::draw_diagram(Diagram_Kind kind, int fan) {
-  Draw_Diagram(this, Make_Diagram(project_.db, kind, fan));
+void BRANOK60::draw_diagram(Diagram_Kind kind) {
+  QWidget* const front = QApplication::activeModalWidget();
+  Draw_Diagram(front != nullptr ? front : this, Make_Diagram(project_.db, kind));
 }
 
 void BRANOK60::Analysis_Diagram(int) { draw_diagram(Diagram_Kind::press); }
 void BRANOK60::Analysis_Graph(int) { draw_diagram(Diagram_Kind::month); }
 void BRANOK60::Analysis_Leng(int) { draw_diagram(Diagram_Kind::temp); }
-void BRANOK60::Fan_Diagram(int) { draw_diagram(Diagram_Kind::fan); }
+
+void BRANOK60::Fan_Diagram(int) {
+  Draw_Fan_Diagram(this, project_.db.MFan_Total, 1, [this](int fan) {
+    return Make_Diagram(project_.db, Diagram_Kind::fan, fan);
+  });
+}
 
 void BRANOK60::Analysis_Switch(int) {
   MDIAna& window = analysis_window();

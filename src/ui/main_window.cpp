@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "core/messages.h"
+#include "prep/fan.h"
 #include "ui/analysis_window.h"
 #include "ui/help_window.h"
 #include "ui/icon.h"
@@ -190,15 +191,19 @@ void BRANOK60::give_command(const QString& name, int index) {
 
 void BRANOK60::run(Command_Procedure procedure, int index, const char* trap) {
   status_->clear_remarks();
+  std::string name = trap;
   try {
     (this->*procedure)(index);
     return;
+  } catch (const Calculation_Fault& fault) {
+    name = fault.name;
+    dialogue_.remark(fault.what());
   } catch (const std::exception& fault) {
-    dialogue_.end_busy();
     dialogue_.remark(fault.what());
   }
-  const bool is_file_command = *trap == '\'';
-  dialogue_.show(is_file_command ? messages::File_Error(trap) : messages::Calculation_Error(trap));
+  dialogue_.end_busy();
+  const bool is_file_command = name.starts_with('\'');
+  dialogue_.show(is_file_command ? messages::File_Error(name) : messages::Calculation_Error(name));
   refresh_status();
 }
 

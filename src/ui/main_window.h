@@ -144,7 +144,7 @@ class BRANOK60 : public QMainWindow {
 
   MDIAna& analysis_window();
   void run_analysis(const std::function<bool()>& calculation);
-  void draw_diagram(Diagram_Kind kind, int fan = 1);
+  void draw_diagram(Diagram_Kind kind);
 
   Project project_;
   Settings settings_;

@@ -7,10 +7,12 @@
 namespace branok {
 
 void Print_With_Preview(QWidget* parent, const QString& document,
-                        const std::function<void(QPrinter&)>& paint) {
+                        const std::function<void(QPrinter&)>& paint,
+                        QPageLayout::Orientation orientation) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(document);
   printer.setCreator("BRANOK");
+  printer.setPageOrientation(orientation);
   if (QPrinterInfo::defaultPrinter().isNull()) printer.setOutputFormat(QPrinter::PdfFormat);
   QPrintPreviewDialog preview(&printer, parent);
   preview.setObjectName("dlgPreview");
