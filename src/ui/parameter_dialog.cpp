@@ -1,10 +1,9 @@
 #include "ui/parameter_dialog.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "core/messages.h"
 #include "core/vocabulary.h"
@@ -29,12 +28,6 @@ QStringList Titles() {
   return titles;
 }
 
-QPushButton* Button(QWidget* dialog, const char* name, const QString& text) {
-  auto* const button = new QPushButton(text, dialog);
-  button->setObjectName(name);
-  return button;
-}
-
 }  // namespace
 
 DlgCPara::DlgCPara(Database& db, Dialogue& dialogue, Draw_Diagram draw_diagram, QWidget* parent)
@@ -53,6 +46,7 @@ DlgCPara::DlgCPara(Database& db, Dialogue& dialogue, Draw_Diagram draw_diagram, 
   connect(lstSeason, &QListWidget::itemSelectionChanged, this, &DlgCPara::take_month);
 }
 
+// Controls are made in the order in which Tab goes through them.
 void DlgCPara::make_controls() {
   grdPara = new Value_Grid(Titles(), this);
   grdPara->setObjectName("grdPara");
@@ -66,46 +60,38 @@ void DlgCPara::make_controls() {
   for (std::size_t month = 0; month <= last_month; ++month) {
     lstSeason->addItem(To_Qt(Season_Name[month]));
   }
-  lstSeason->setFixedWidth(lstSeason->sizeHintForColumn(0) + 48);
+  constexpr int scroll_bar_room = 48;
+  lstSeason->setFixedWidth(lstSeason->sizeHintForColumn(0) + scroll_bar_room);
   auto* const month_label = new QLabel("&Month", this);
   month_label->setBuddy(lstSeason);
 
-  QPushButton* const cmdOK = Button(this, "cmdOK", "OK/Fix");
-  QPushButton* const cmdCancel = Button(this, "cmdCancel", "Cancel");
-  QPushButton* const cmdPrint = Button(this, "cmdPrint", "&Print");
-  QPushButton* const Com_InAir_Temp = Button(this, "Com_InAir_Temp", "Graph for Intake Air Temp");
-  QPushButton* const Com_GrdTemp = Button(this, "Com_GrdTemp", "Graph for Ini. Rock Temp");
-  cmdOK->setDefault(true);
-  connect(cmdOK, &QPushButton::clicked, this, [this] { run([this] { fix(); }); });
-  connect(cmdCancel, &QPushButton::clicked, this, &DlgCPara::reject);
-  connect(cmdPrint, &QPushButton::clicked, this, [this] { run([this] { print(); }); });
-  connect(Com_InAir_Temp, &QPushButton::clicked, this,
-          [this] { run([this] { draw("intemp", "Para_IntakeTemp", "Para_TempDiff"); }); });
-  connect(Com_GrdTemp, &QPushButton::clicked, this,
-          [this] { run([this] { draw("gtemp", "Para_RockTemp", "Para_RockGrad"); }); });
+  auto* const all = new QGridLayout(this);
+  all->addWidget(grdPara, 0, 0, 2, 1);
+  all->addWidget(month_label, 0, 1);
+  all->addWidget(lstSeason, 1, 1);
+  all->addLayout(make_buttons(), 2, 0, 1, 2);
+  all->setColumnStretch(0, 1);
+  all->setRowStretch(1, 1);
+}
 
-  auto* const month = new QVBoxLayout;
-  month->addWidget(month_label);
-  month->addWidget(lstSeason);
-  auto* const values = new QHBoxLayout;
-  values->addWidget(grdPara, 1);
-  values->addLayout(month);
-  auto* const buttons = new QHBoxLayout;
-  for (QPushButton* const button : {Com_InAir_Temp, Com_GrdTemp, cmdPrint}) {
-    buttons->addWidget(button);
-  }
-  buttons->addStretch();
-  buttons->addWidget(cmdOK);
-  buttons->addWidget(cmdCancel);
-  auto* const all = new QVBoxLayout(this);
-  all->addLayout(values, 1);
-  all->addLayout(buttons);
-
-  const std::initializer_list<QWidget*> order = {grdPara,  lstSeason, Com_InAir_Temp, Com_GrdTemp,
-                                                 cmdPrint, cmdOK,     cmdCancel};
-  for (const auto* control = order.begin() + 1; control != order.end(); ++control) {
-    setTabOrder(*(control - 1), *control);
-  }
+QLayout* DlgCPara::make_buttons() {
+  auto* const row = new QHBoxLayout;
+  const auto add = [this, row](const char* name, const QString& text, const auto& command) {
+    auto* const button = new QPushButton(text, this);
+    button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, command);
+    row->addWidget(button);
+    return button;
+  };
+  add("Com_InAir_Temp", "Graph for Intake Air Temp",
+      [this] { run([this] { draw("intemp", "Para_IntakeTemp", "Para_TempDiff"); }); });
+  add("Com_GrdTemp", "Graph for Ini. Rock Temp",
+      [this] { run([this] { draw("gtemp", "Para_RockTemp", "Para_RockGrad"); }); });
+  add("cmdPrint", "&Print", [this] { run([this] { print(); }); });
+  row->addStretch();
+  add("cmdOK", "OK/Fix", [this] { run([this] { fix(); }); })->setDefault(true);
+  add("cmdCancel", "Cancel", [this] { reject(); });
+  return row;
 }
 
 void DlgCPara::load() {
@@ -153,8 +139,8 @@ void DlgCPara::show_month() {
 }
 
 void DlgCPara::fix() {
-  std::vector<std::string> texts;
-  for (int row = 0; row < grdPara->rowCount(); ++row) texts.push_back(text_of(row));
+  std::vector<std::string> texts(Parameter_Rows().size());
+  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = text_of(static_cast<int>(row));
   if (const auto fault = Fix_Parameters(db_, texts)) {
     report(*fault);
   } else {
@@ -203,6 +189,7 @@ std::string DlgCPara::text_of(int row) const {
 
 std::vector<Report_Line> DlgCPara::lines() const {
   std::vector<Report_Line> lines;
+  lines.reserve(Parameter_Rows().size());
   for (int row = 0; row < grdPara->rowCount(); ++row) {
     lines.push_back({.title = grdPara->item(row, 0)->text(), .value = grdPara->value(row)});
   }

@@ -28,6 +28,7 @@ class DlgCPara : public QDialog {
 
  private:
   void make_controls();
+  QLayout* make_buttons();
   void load();
   void show_wet_bulb();
   void take_month();

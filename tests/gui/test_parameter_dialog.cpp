@@ -458,6 +458,11 @@ TEST_F(Parameter_Dialog, Tab_Goes_From_Value_To_Value) {
   QTest::keyClick(cell(), Qt::Key_Tab);
   EXPECT_EQ(grid->value(datum_elev), "8");
   EXPECT_TRUE(list->hasFocus());
+  for (const char* name : {"Com_InAir_Temp", "Com_GrdTemp", "cmdPrint", "cmdOK", "cmdCancel"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), name);
+  }
+  list->setFocus();
   QTest::keyClick(list, Qt::Key_Backtab);
   EXPECT_TRUE(grid->hasFocus());
   EXPECT_EQ(grid->currentRow(), datum_elev);
@@ -527,6 +532,23 @@ TEST_F(Parameter_Dialog, Print_Asks) {
   EXPECT_EQ(dialogue.shown[1].buttons, Buttons::yes_no);
   EXPECT_EQ(dialogue.shown[1].icon, Icon::question);
   EXPECT_EQ(db, *before);
+}
+
+TEST(Value_Grid, Enter_In_The_Last_Row_Stays) {
+  Value_Grid grid({"Length (m)", "Area (m2)"});
+  grid.show();
+  grid.setCurrentCell(1, 1);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down}) {
+    QTest::keyClick(&grid, '5');
+    auto* const editor = grid.findChild<QLineEdit*>("txtEdit");
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClick(editor, key);
+    EXPECT_EQ(grid.value(1), "5");
+    EXPECT_EQ(grid.currentRow(), 1);
+    EXPECT_TRUE(editor->isHidden());
+    QCoreApplication::sendPostedEvents(editor, QEvent::DeferredDelete);
+    grid.set_value(1, "");
+  }
 }
 
 // A device that keeps the texts painted on it.
