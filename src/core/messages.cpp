@@ -138,4 +138,14 @@ Message Not_Available_Yet(std::string_view command) {
   return Information(std::move(text));
 }
 
+Message Not_Numeric() { return Warning("Please input numeric data."); }
+
+Message Out_Of_Range(std::string_view item, std::string_view folder, std::string_view low,
+                     std::string_view high) {
+  return Warning(std::string(item) + " in " + std::string(folder) + " The value should be from " +
+                 std::string(low) + "  to  " + std::string(high) + " .\nChange value !");
+}
+
+Message Ask_Print_Parameters() { return Yes_No("Print out parameter ?", Topic::none); }
+
 }  // namespace branok::messages

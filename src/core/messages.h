@@ -46,4 +46,15 @@ Message Ask_Exit(bool checked);
 /// A command that is still to come.
 Message Not_Available_Yet(std::string_view command);
 
+/// A cell of a grid that must hold a number and does not.
+Message Not_Numeric();
+
+/// A cell of a grid whose number is out of range: `item` is its column in the messages' form
+/// ("'Area' Column"), the bounds are texts as the column shows them.
+Message Out_Of_Range(std::string_view item, std::string_view folder, std::string_view low,
+                     std::string_view high);
+
+/// Before the list of calculation parameters is printed.
+Message Ask_Print_Parameters();
+
 }  // namespace branok::messages

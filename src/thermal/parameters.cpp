@@ -76,19 +76,34 @@ std::string Short(double value) {
                        ", not '" + std::string(text.substr(0, 40)) + "'");
 }
 
-// The number of a text, when the parameter may have it. Bounds are compared as the parameter is
-// held, so that a bound itself passes.
-double Read_Value(const Parameter& parameter, std::string_view text) {
+// Bounds are compared as the parameter is held, so that a bound itself passes.
+bool Is_Allowed(const Parameter& parameter, double value) {
+  return value >= static_cast<float>(parameter.low) && value <= static_cast<float>(parameter.high);
+}
+
+// What a text is to a parameter. Each is there only when the one before it is.
+struct Reading {
+  std::optional<double> number;   // what the text says
+  std::optional<double> held;     // that number, as the parameter would hold it
+  std::optional<double> allowed;  // the same, when it is within the bounds
+};
+
+Reading Read(const Parameter& parameter, std::string_view text) {
+  Reading reading;
   try {
-    const double value = parameter.real != nullptr ? double{Parse_Single(text)}
-                                                   : static_cast<double>(Parse_Int16(text));
-    if (value >= static_cast<float>(parameter.low) && value <= static_cast<float>(parameter.high)) {
-      return value;
-    }
+    reading.number = Parse_Double(text);
+    reading.held = parameter.real != nullptr ? double{To_Single(*reading.number)}
+                                             : static_cast<double>(To_Int16(*reading.number));
+    if (Is_Allowed(parameter, *reading.held)) reading.allowed = reading.held;
   } catch (const Run_Time_Error&) {
-    // No number: refused as one out of range is.
+    // The reading ends here.
   }
-  Refuse(parameter, text);
+  return reading;
+}
+
+// A row still says what it showed: its value may have digits that its picture does not show.
+bool Is_Untouched(const Database& db, const Parameter& parameter, std::string_view text) {
+  return parameter.real != nullptr && text == Parameter_Text(db, parameter);
 }
 
 void Store(Database& db, const Parameter& parameter, double value) {
@@ -99,20 +114,20 @@ void Store(Database& db, const Parameter& parameter, double value) {
   }
 }
 
-// Stores the values of these parameters and lets the intake's wet bulb follow. Where it cannot, all
-// is as before.
-void Commit(Database& db, std::span<const Parameter> rows, std::span<const double> values) {
-  std::array<double, parameters.size()> before{};
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    before[row] = rows[row].get(db);
-    Store(db, rows[row], values[row]);
-  }
-  try {
-    Derive_Intake_WBT(db);
-  } catch (const Run_Time_Error&) {
-    for (std::size_t row = 0; row < rows.size(); ++row) Store(db, rows[row], before[row]);
-    throw;
-  }
+// Where no lower bound is set, a whole parameter ends with its 16 bits; a real one has no end that
+// would tell the engineer anything.
+std::string Low_Text(const Parameter& parameter) {
+  if (parameter.low != no_bound) return parameter.picture(parameter.low).text();
+  if (parameter.real != nullptr) return "any value below";
+  return parameter.picture(int{std::numeric_limits<std::int16_t>::min()}).text();
+}
+
+Parameter_Fault Fault(int row, const Reading& reading) {
+  const Parameter& parameter = parameters[static_cast<std::size_t>(row)];
+  return {.row = row,
+          .no_number = !reading.number.has_value(),
+          .low = Low_Text(parameter),
+          .high = parameter.picture(parameter.high).text()};
 }
 
 }  // namespace
@@ -122,6 +137,10 @@ double Parameter::get(const Database& db) const {
 }
 
 std::span<const Parameter> Calculation_Parameters() { return parameters; }
+
+std::span<const Parameter> Parameter_Rows() {
+  return Calculation_Parameters().first(parameters.size() - 1);
+}
 
 const Parameter* Find_Parameter(std::string_view name) {
   const auto* const found = std::find_if(parameters.begin(), parameters.end(),
@@ -146,27 +165,54 @@ void Set_Parameter(Database& db, std::string_view name, std::string_view text) {
   if (parameter->entry == Entry::derived) {
     throw Run_Time_Error(std::string(name) + " follows from other parameters and cannot be set");
   }
-  const double value = Read_Value(*parameter, text);
-  if (name == "Para_IntakeTemp" || name == "Para_IntakeHum") {
-    Commit(db, {parameter, 1}, {&value, 1});
-  } else {
-    Store(db, *parameter, value);
+  const std::optional<double> value = Read(*parameter, text).allowed;
+  if (!value) Refuse(*parameter, text);
+  Parameter_Trial trial(db);
+  Store(db, *parameter, *value);
+  if (name == "Para_IntakeTemp" || name == "Para_IntakeHum") Derive_Intake_WBT(db);
+  trial.keep();
+}
+
+Parameter_Trial::Parameter_Trial(Database& db) : db_(db) {
+  for (const Parameter& parameter : parameters) before_.push_back(parameter.get(db));
+}
+
+Parameter_Trial::~Parameter_Trial() {
+  if (kept_) return;
+  for (std::size_t i = 0; i < parameters.size(); ++i) Store(db_, parameters[i], before_[i]);
+}
+
+std::optional<Parameter_Fault> Parameter_Trial::take(int row, std::string_view text) {
+  const Parameter& parameter = parameters[static_cast<std::size_t>(row)];
+  if (Is_Untouched(db_, parameter, text)) return std::nullopt;
+  const Reading reading = Read(parameter, text);
+  if (!reading.held) return Fault(row, reading);
+  Store(db_, parameter, *reading.held);
+  return std::nullopt;
+}
+
+std::optional<Parameter_Fault> Parameter_Trial::take_allowed(int row, std::string_view text) {
+  const Parameter& parameter = parameters[static_cast<std::size_t>(row)];
+  // A value beyond its bounds that is shown rounded to one of them becomes what is shown.
+  if (Is_Untouched(db_, parameter, text) && Is_Allowed(parameter, parameter.get(db_))) {
+    return std::nullopt;
   }
+  const Reading reading = Read(parameter, text);
+  if (!reading.allowed) return Fault(row, reading);
+  Store(db_, parameter, *reading.allowed);
+  return std::nullopt;
 }
 
 std::optional<Parameter_Fault> Fix_Parameters(Database& db, std::span<const std::string> texts) {
-  std::array<double, parameters.size()> values{};
-  const std::size_t rows = std::min(texts.size(), parameters.size());
-  for (std::size_t row = 0; row < rows; ++row) {
-    const Parameter& parameter = parameters[row];
-    try {
-      values[row] =
-          parameter.entry == Entry::derived ? parameter.get(db) : Read_Value(parameter, texts[row]);
-    } catch (const Run_Time_Error& error) {
-      return Parameter_Fault{.row = static_cast<int>(row), .text = error.what()};
-    }
+  Parameter_Trial trial(db);
+  const auto rows = static_cast<int>(std::min(texts.size(), Parameter_Rows().size()));
+  for (int row = 0; row < rows; ++row) {
+    const auto i = static_cast<std::size_t>(row);
+    if (parameters[i].entry == Entry::derived) continue;
+    if (auto fault = trial.take_allowed(row, texts[i])) return fault;
   }
-  Commit(db, std::span(parameters).first(rows), values);
+  Derive_Intake_WBT(db);
+  trial.keep();
   return std::nullopt;
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/database.h"
 #include "core/pictures.h"
@@ -39,6 +40,9 @@ struct Parameter {
 /// The rows of grdPara in their order, then Para_InitPress.
 std::span<const Parameter> Calculation_Parameters();
 
+/// The rows of grdPara alone.
+std::span<const Parameter> Parameter_Rows();
+
 /// The parameter of this name, or null.
 const Parameter* Find_Parameter(std::string_view name);
 
@@ -54,16 +58,43 @@ std::string Parameter_Range(const Parameter& parameter);
 /// nothing is changed then.
 void Set_Parameter(Database& db, std::string_view name, std::string_view text);
 
-/// What is wrong with a row of the parameter grid.
+/// What is wrong with the text of a row of the parameter grid.
 struct Parameter_Fault {
-  int row;           ///< index into Calculation_Parameters
-  std::string text;  ///< names the parameter and its bounds
+  int row;           ///< index into Parameter_Rows
+  bool no_number;    ///< the text holds no number; else it holds one that the row must not have
+  std::string low;   ///< the row's bounds in its picture; a real parameter without a lower bound
+  std::string high;  ///< has words there
+};
+
+/// Tries values out: while it lives, the database holds what was taken; at its end the parameters
+/// are as they were at its beginning, unless they were kept. Rows are those of Parameter_Rows, the
+/// month's text is its number. A row whose text still is what the row shows keeps its value to the
+/// last digit, shown or not.
+class Parameter_Trial {
+ public:
+  explicit Parameter_Trial(Database& db);
+  Parameter_Trial(const Parameter_Trial&) = delete;
+  Parameter_Trial& operator=(const Parameter_Trial&) = delete;
+  Parameter_Trial(Parameter_Trial&&) = delete;
+  Parameter_Trial& operator=(Parameter_Trial&&) = delete;
+  ~Parameter_Trial();
+
+  /// Takes any number that the parameter can hold.
+  std::optional<Parameter_Fault> take(int row, std::string_view text);
+  /// Takes a number within the row's bounds.
+  std::optional<Parameter_Fault> take_allowed(int row, std::string_view text);
+  void keep() { kept_ = true; }
+
+ private:
+  Database& db_;
+  std::vector<double> before_;
+  bool kept_ = false;
 };
 
 /// "OK/Fix" of the parameter grid: `texts` are its rows' values in order (the derived row's text is
-/// not read, the month's is its number). Tests every row; when all pass, commits them and derives
-/// Para_IntakeWBT. Else reports the first that does not, and changes nothing. Raises
-/// Run_Time_Error, and changes nothing, where the intake's air has no wet bulb.
+/// not read). Tests every row; when all pass, commits them and derives Para_IntakeWBT. Else reports
+/// the first that does not, and changes nothing. Raises Run_Time_Error, and changes nothing, where
+/// the intake's air has no wet bulb.
 std::optional<Parameter_Fault> Fix_Parameters(Database& db, std::span<const std::string> texts);
 
 /// The intake air at the annual average.

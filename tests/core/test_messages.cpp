@@ -78,5 +78,24 @@ TEST(Messages, BeforeAnUncheckedSave) {
             "Do you want to do Check Data ?");
 }
 
+TEST(Messages, OfGridCells) {
+  EXPECT_EQ(messages::Not_Numeric().text, "Please input numeric data.");
+  const Message m = messages::Out_Of_Range("'Annual Ave. Intake Temp.' Column", "Parameter Folder",
+                                           "-20.0", "45.0");
+  EXPECT_EQ(m.text,
+            "'Annual Ave. Intake Temp.' Column in Parameter Folder The value should be from -20.0  "
+            "to  45.0 .\nChange value !");
+  EXPECT_EQ(m.title, "BRANOK for Windows");
+  EXPECT_EQ(m.icon, Icon::exclamation);
+  EXPECT_TRUE(m.beep);
+}
+
+TEST(Messages, BeforeTheParametersArePrinted) {
+  const Message m = messages::Ask_Print_Parameters();
+  EXPECT_EQ(m.text, "Print out parameter ?");
+  EXPECT_EQ(m.icon, Icon::question);
+  EXPECT_EQ(m.buttons, Buttons::yes_no);
+}
+
 }  // namespace
 }  // namespace branok

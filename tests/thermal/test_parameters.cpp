@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <vector>
 
 #include "flows.h"
@@ -21,7 +24,7 @@ std::string Refusal(Database& db, std::string_view name, std::string_view text) 
 
 std::vector<std::string> Row_Texts(const Database& db) {
   std::vector<std::string> texts;
-  for (const Parameter& parameter : Calculation_Parameters().first(12)) {
+  for (const Parameter& parameter : Parameter_Rows()) {
     texts.push_back(parameter.entry == Entry::listed ? std::to_string(db.Para_Month)
                                                      : Parameter_Text(db, parameter));
   }
@@ -111,6 +114,155 @@ TEST(Parameters, FixAllRowsOrNone) {
   ASSERT_TRUE(fault.has_value());
   EXPECT_EQ(fault->row, 3);
   EXPECT_EQ(db, before);
+}
+
+// One row typed, the others as they are.
+std::optional<Parameter_Fault> Fix_Row(Database& db, int row, const std::string& text) {
+  std::vector<std::string> texts = Row_Texts(db);
+  texts[static_cast<std::size_t>(row)] = text;
+  return Fix_Parameters(db, texts);
+}
+
+// All digits of a 32-bit float.
+std::string Digits(double value) {
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.begin(), text.end(), static_cast<float>(value)).ptr;
+  return {text.begin(), end};
+}
+
+// The number next to a bound, on its far side.
+std::string Beyond(const Parameter& parameter, double bound, int direction) {
+  if (parameter.integer != nullptr) return std::to_string(static_cast<int>(bound) + direction);
+  return Digits(std::nextafter(static_cast<float>(bound), direction * 1e9F));
+}
+
+TEST(Parameters, RowsPassAtTheirBoundsAndNotBeyond) {
+  const Database start = Line_Mine(3);
+  for (int row = 0; row < 12; ++row) {
+    const Parameter& parameter = Parameter_Rows()[static_cast<std::size_t>(row)];
+    if (parameter.entry == Entry::derived) continue;
+    SCOPED_TRACE(parameter.name);
+    Database db = start;
+    EXPECT_EQ(Fix_Row(db, row, Digits(parameter.high)), std::nullopt);
+    EXPECT_EQ(parameter.get(db), static_cast<float>(parameter.high));
+    db = start;
+    auto fault = Fix_Row(db, row, Beyond(parameter, parameter.high, 1));
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(fault->row, row);
+    EXPECT_FALSE(fault->no_number);
+    EXPECT_EQ(db, start);
+    if (parameter.low < -1e30) continue;
+    EXPECT_EQ(Fix_Row(db, row, Digits(parameter.low)), std::nullopt);
+    EXPECT_EQ(parameter.get(db), static_cast<float>(parameter.low));
+    db = start;
+    fault = Fix_Row(db, row, Beyond(parameter, parameter.low, -1));
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(fault->row, row);
+    EXPECT_FALSE(fault->no_number);
+    EXPECT_EQ(db, start);
+  }
+}
+
+TEST(Parameters, FaultsTellTheBoundsInTheRowsFormat) {
+  Database db = Line_Mine(3);
+  const auto bounds = [&db](int row) {
+    const auto fault = Fix_Row(db, row, "1e30");
+    return fault ? fault->low + " | " + fault->high : "";
+  };
+  EXPECT_EQ(bounds(0), "0.001 | 100.0");
+  EXPECT_EQ(bounds(1), "0.4 | 1.5");
+  EXPECT_EQ(bounds(2), "-20.0 | 45.0");
+  EXPECT_EQ(bounds(3), "0.00 | 50.00");
+  EXPECT_EQ(bounds(4), "0.0 | 100.0");
+  EXPECT_EQ(bounds(6), "-20.0 | 50.0");
+  EXPECT_EQ(bounds(7), "any value below | 0.3");
+  EXPECT_EQ(bounds(8), "0.2 | 15.0");
+  EXPECT_EQ(bounds(9), "0.0003 | 0.1");
+  EXPECT_EQ(bounds(10), "-32768.0 | 2000.0");
+  EXPECT_EQ(bounds(11), "0 | 12");
+}
+
+TEST(Parameters, FaultsTellWhatIsNoNumber) {
+  Database db = Line_Mine(3);
+  for (const char* text : {"", "  ", "abc", "1,5", "1.2.3", "nan", "inf", "0x10", "5 m"}) {
+    const auto fault = Fix_Row(db, 8, text);
+    ASSERT_TRUE(fault.has_value()) << text;
+    EXPECT_TRUE(fault->no_number) << text;
+  }
+  for (const char* text : {"1e39", "-1e39", "16"}) {
+    const auto fault = Fix_Row(db, 8, text);
+    ASSERT_TRUE(fault.has_value()) << text;
+    EXPECT_FALSE(fault->no_number) << text;
+  }
+  EXPECT_EQ(Fix_Row(db, 8, " 1.5 "), std::nullopt);
+  EXPECT_EQ(db.Para_RockCond, 1.5F);
+}
+
+TEST(Parameters, RowsThatStayKeepEveryDigit) {
+  Database db = Line_Mine(3);
+  db.Para_RockGrad = 0.03004F;
+  db.Para_IntakeTemp = 9.126F;
+  Database expected = db;
+  expected.Para_Accel = 1.2F;
+  Derive_Intake_WBT(expected);
+  EXPECT_EQ(Fix_Row(db, 1, "1.2"), std::nullopt);
+  EXPECT_EQ(db, expected);
+  EXPECT_EQ(Fix_Row(db, 7, "0.030"), std::nullopt);
+  EXPECT_EQ(db.Para_RockGrad, 0.03F);
+}
+
+// Else the engineer would be told to change 45 into 45.
+TEST(Parameters, AreTestedAsTheyAreShown) {
+  Database db = Line_Mine(3);
+  db.Para_IntakeTemp = 45.004F;
+  EXPECT_EQ(Fix_Parameters(db, Row_Texts(db)), std::nullopt);
+  EXPECT_EQ(db.Para_IntakeTemp, 45);
+  db.Para_IntakeTemp = 45.06F;
+  EXPECT_EQ(Fix_Parameters(db, Row_Texts(db))->row, 2);
+}
+
+TEST(Parameters, RefuseAMonthThatIsNone) {
+  Database db = Line_Mine(3);
+  for (const std::int16_t month : {std::int16_t{-1}, std::int16_t{13}, std::int16_t{32767}}) {
+    std::vector<std::string> texts = Row_Texts(db);
+    Database odd = db;
+    odd.Para_Month = month;
+    texts[11] = std::to_string(month);
+    const auto fault = Fix_Parameters(odd, texts);
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(fault->row, 11);
+  }
+}
+
+TEST(ParameterTrial, GivesBackWhatItTook) {
+  Database db = Line_Mine(3);
+  db.Para_IntakeTemp = 9.126F;
+  const Database before = db;
+  {
+    Parameter_Trial trial(db);
+    EXPECT_EQ(trial.take(2, "9.13"), std::nullopt);  // what the row shows
+    EXPECT_EQ(db.Para_IntakeTemp, 9.126F);
+    EXPECT_EQ(trial.take(2, "60"), std::nullopt);  // beyond the bounds
+    EXPECT_EQ(db.Para_IntakeTemp, 60);
+    EXPECT_EQ(trial.take(10, "-300"), std::nullopt);
+    EXPECT_EQ(db.Para_DatumElev, -300);
+    EXPECT_EQ(trial.take_allowed(3, "51")->row, 3);
+    EXPECT_TRUE(trial.take(3, "")->no_number);
+    EXPECT_FALSE(trial.take(3, "1e39")->no_number);
+    Derive_Intake_WBT(db);
+    EXPECT_NE(db, before);
+  }
+  EXPECT_EQ(db, before);
+}
+
+TEST(ParameterTrial, KeepsOnRequest) {
+  Database db = Line_Mine(3);
+  {
+    Parameter_Trial trial(db);
+    trial.take(3, "12.5");
+    trial.keep();
+  }
+  EXPECT_EQ(db.Para_TempDiff, 12.5F);
 }
 
 TEST(Parameters, FixLetsTheWetBulbFollow) {
