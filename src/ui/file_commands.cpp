@@ -42,10 +42,14 @@ void BRANOK60::File_Open(int) {
   QFileDialog dialog(this, "Open File  - Select '*.abk' -  ");
   dialog.setFileMode(QFileDialog::ExistingFile);
   const std::filesystem::path file = Ask_File(dialog, last_folder_);
-  if (!file.empty()) open_file(file);
+  if (!file.empty()) read_file(file);
 }
 
 void BRANOK60::open_file(const std::filesystem::path& file) {
+  run([&] { read_file(file); }, "'Open...'");
+}
+
+void BRANOK60::read_file(const std::filesystem::path& file) {
   Busy busy(dialogue_);
   const Read_Result result = Open_Project(project_, file, folders_, settings_, dialogue_);
   busy.end();

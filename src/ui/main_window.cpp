@@ -61,6 +61,8 @@ BRANOK60::BRANOK60(Program_Folders folders, Settings settings, QWidget* parent)
   setWindowTitle("BRANOK(Mine Ventilation Analysis) for Windows Ver.6");
   setWindowIcon(Icon_Of("branok"));
   setAcceptDrops(true);
+  // A box in the middle of a run stands before the run's last values.
+  dialogue_.before_box = [this] { panel_.show_all(); };
   New_Database(project_.db, Today());
   panel_.reset(project_.db);
   std::error_code none;
@@ -114,7 +116,7 @@ void BRANOK60::build_menus() {
         made->setCheckable(entry.checkable);
         connect(made, &QAction::triggered, this, [this, made, &entry] {
           current_ = made;
-          run(entry.run, std::max(entry.index, 0), entry.trap);
+          run([&] { (this->*entry.run)(std::max(entry.index, 0)); }, entry.trap);
         });
       }
     }
@@ -144,7 +146,7 @@ void BRANOK60::build_toolbar() {
       made->setToolTip(line.tip);
       connect(made, &QAction::triggered, this, [this, made, &line] {
         current_ = made;
-        run(line.run, 0, line.trap);
+        run([&] { (this->*line.run)(0); }, line.trap);
       });
     }
     tlbBRANOK_->widgetForAction(made)->setObjectName(line.key);
@@ -189,11 +191,11 @@ void BRANOK60::give_command(const QString& name, int index) {
   if (QAction* const asked = action(name.toUtf8().constData(), index)) asked->trigger();
 }
 
-void BRANOK60::run(Command_Procedure procedure, int index, const char* trap) {
+void BRANOK60::run(const std::function<void()>& command, const char* trap) {
   status_->clear_remarks();
   std::string name = trap;
   try {
-    (this->*procedure)(index);
+    command();
     return;
   } catch (const Calculation_Fault& fault) {
     name = fault.name;

@@ -124,7 +124,7 @@ class BRANOK60 : public QMainWindow {
   void enable(const char* name, bool on);
 
   /// Runs a command; whatever goes wrong in it ends in the message that names it.
-  void run(Command_Procedure procedure, int index, const char* trap);
+  void run(const std::function<void()>& command, const char* trap);
 
   void set_window_tag(const char* tag);
   void set_edit_tag(const QString& tag);
@@ -137,6 +137,7 @@ class BRANOK60 : public QMainWindow {
   void refresh_windows();
   void refresh_status();
 
+  void read_file(const std::filesystem::path& file);
   void opened(const Read_Result& result);
   bool save(Save_Command command);
   [[nodiscard]] std::filesystem::path ask_save_name();

@@ -90,6 +90,7 @@ Qt_Dialogue::~Qt_Dialogue() { end_busy(); }
 Answer Qt_Dialogue::show(const Message& message) {
   // The arithmetic of painting is not the calculation's that shows the box.
   const Float_Faults painting;
+  before_box();
   const Arrow_Pointer arrow(busy_ > 0);
   QWidget* const active = QApplication::activeModalWidget();
   QMessageBox box(active != nullptr ? active : window_);

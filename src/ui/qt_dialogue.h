@@ -27,6 +27,9 @@ class Qt_Dialogue : public Dialogue {
   void remark(std::string_view text) override;
   void busy(bool on) override;
 
+  /// Called before every box.
+  std::function<void()> before_box = [] {};
+
   /// Restores the pointer, whatever a failed command left.
   void end_busy();
 
