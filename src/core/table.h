@@ -43,7 +43,6 @@ class List {
 template <class T, int Slots, int Last>
 class Grid {
  public:
-  static constexpr int slots = Slots;
   static constexpr int last = Last;
   T& operator()(int slot, int row) { return cells_[at(slot, row)]; }
   const T& operator()(int slot, int row) const { return cells_[at(slot, row)]; }
