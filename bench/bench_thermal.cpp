@@ -1,10 +1,11 @@
-// The temperature runs: one annual sweep, a whole annual run, one season.
+// The temperature runs: one annual sweep, a whole annual run, one season, the result grids.
 #include <benchmark/benchmark.h>
 
 #include "airflow/flow_run.h"
 #include "mines.h"
 #include "thermal/annual.h"
 #include "thermal/moist_air.h"
+#include "thermal/result_grids.h"
 #include "thermal/seasonal.h"
 
 namespace branok {
@@ -64,6 +65,18 @@ void Season_Run(benchmark::State& state) {
   });
 }
 
+// Both result grids of the Analysis window.
+void Result_Grids(benchmark::State& state) {
+  const Database db = Solved(static_cast<Measured_Mine>(state.range(0)));
+  Text_Grid press = Nodal_Results_Grid();
+  Text_Grid flow = Airway_Results_Grid();
+  for (auto _ : state) {
+    Display_Data_Press(db, press);
+    Display_Data_Flow(db, flow);
+  }
+  state.counters["rows"] = press.Rows() + flow.Rows();
+}
+
 void Saturation_Pressure(benchmark::State& state) {
   float T = 0;
   for (auto _ : state) {
@@ -77,6 +90,7 @@ constexpr auto mines = {static_cast<std::int64_t>(mine_a), static_cast<std::int6
 BENCHMARK(Annual_Sweep_Alone)->ArgsProduct({mines})->Unit(benchmark::kMillisecond);
 BENCHMARK(Annual_Run)->ArgsProduct({mines})->Unit(benchmark::kMillisecond);
 BENCHMARK(Season_Run)->ArgsProduct({mines})->Unit(benchmark::kMillisecond);
+BENCHMARK(Result_Grids)->ArgsProduct({mines})->Unit(benchmark::kMillisecond);
 BENCHMARK(Saturation_Pressure);
 
 }  // namespace

@@ -20,16 +20,17 @@ Answer Ask_Results_Initial(Dialogue& dialogue) {
   return dialogue.show(messages::Ask_Results_Initial());
 }
 
-void Show_Heading(const Database& db, Panel& panel) {
-  if (db.Flag_Annual == 1) {
-    panel.lblDisp[0].set("for Anual Ave. Temp.");
-  } else if (db.Flag_Season == 1) {
-    panel.lblDisp[0].set("for " + std::string(Season_Of(db)));
-  } else {
-    panel.lblDisp[0].set("for given Thermal Conditions");
+// Average shut-off pressure of the main fans at their driving speeds, mmH2O.
+double Average_Shut_Off(const Database& db) {
+  double sum = 0;
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    sum += double{db.MFan_Coef(0, f)} * db.MFan_Ratio[f] * db.MFan_Ratio[f];
   }
-  panel.refresh();
+  return db.MFan_Total > 0 ? sum / db.MFan_Total : 0;
 }
+
+// Where the free nodes start, mmH2O.
+double Start_Press(const Database& db) { return -db.Para_InitPress * Average_Shut_Off(db); }
 
 // Takes the fan's limit flow down, in steps that grow by 100 m3/min, until its curve is not
 // negative there. The count of steps is a 16-bit number, which ends a curve that is negative
@@ -87,7 +88,8 @@ void Set_Start_Values(Database& db, Dialogue& dialogue, Panel& panel) {
 
 // The run itself; faults outside the solver come out as Run_Time_Error.
 Flow_Result Run(Database& db, Dialogue& dialogue, Panel& panel) {
-  Show_Heading(db, panel);
+  panel.lblDisp[0].set(Run_Heading(db));
+  panel.refresh();
   Set_Start_Values(db, dialogue, panel);
   db.Flag_Results = 0;
   Busy busy(dialogue);
@@ -110,15 +112,12 @@ Flow_Result Run(Database& db, Dialogue& dialogue, Panel& panel) {
 
 void Set_Initial_Press(Database& db, Panel& panel, bool reset) {
   const Float_Faults faults;
-  double sum = 0;
   for (int f = 1; f <= db.MFan_Total; ++f) {
     Refit(db, f);
     Lower_Limit_Flow(db, f);
     faults.check("the curve of a main fan");
-    sum += double{db.MFan_Coef(0, f)} * db.MFan_Ratio[f] * db.MFan_Ratio[f];
   }
-  const double average = db.MFan_Total > 0 ? sum / db.MFan_Total : 0;
-  const double start = -db.Para_InitPress * average;
+  const double start = Start_Press(db);
   if (reset) {
     for (int i = 1; i <= db.Node_Total; ++i) db.Node_PressInit[i] = db.Node_Press[i] = start;
   }
@@ -132,9 +131,19 @@ void Set_Initial_Press(Database& db, Panel& panel, bool reset) {
     db.Node_PressInit[db.Inlet_Node[k]] = db.Node_Press[db.Inlet_Node[k]] = 0;
   }
   faults.check("the start pressures");
-  panel.lblTitle[1].set(average, press_picture, "mmH2O");
-  panel.lblTitle[3].set(start, press_picture, "mmH2O");
+  Show_Start_Press(db, panel);
   panel.refresh();
+}
+
+std::string Run_Heading(const Database& db) {
+  if (db.Flag_Annual == 1) return "for Anual Ave. Temp.";
+  if (db.Flag_Season == 1) return "for " + std::string(Season_Of(db));
+  return "for given Thermal Conditions";
+}
+
+void Show_Start_Press(const Database& db, Panel& panel) {
+  panel.lblTitle[1].set(Average_Shut_Off(db), press_picture, "mmH2O");
+  panel.lblTitle[3].set(Start_Press(db), press_picture, "mmH2O");
 }
 
 void Set_Constant_Temp(Database& db, bool reset) {

@@ -5,7 +5,7 @@
 #include <charconv>
 
 #include "core/text.h"
-#include "thermal/results.h"
+#include "thermal/result_grids.h"
 
 namespace branok {
 
@@ -67,33 +67,31 @@ std::string Airways_Csv(const Database& db) {
       "Airway i -> j,Flow Rate (m3/min),Velo. (m/sec),Temp. (deg C),Hum. (%),Lev. Diff. (m),"
       "NVP (mmAq),Switch Airway,Comm.\n";
   for (const Airway_Row& row : Airway_Rows(db)) {
-    csv += Airway_Name(row) + ',' + Exact(row.flow) + ',' + Exact(row.velocity) + ',' +
-           Exact(row.temp) + ',' + Exact(row.hum) + ',' + Exact(row.level_diff) + ',' +
-           Exact(row.nvp) + ',' + std::string(Trim(Switch_Word(row.closed))) + ',' +
-           Quoted(To_Utf8(row.comment)) + '\n';
+    csv += Airway_Name(row) + ',' + Exact(row.flow) + ',' +
+           (row.velocity ? Exact(*row.velocity) : "") + ',' + Exact(row.temp) + ',' +
+           Exact(row.hum) + ',' + Exact(row.level_diff) + ',' + Exact(row.nvp) + ',' +
+           std::string(Trim(Switch_Word(row.closed))) + ',' + Quoted(To_Utf8(row.comment)) + '\n';
   }
   return csv;
 }
 
 std::string Result_Tables(const Database& db) {
-  static constexpr Picture two("###0.00");
-  static constexpr Picture one("######0.0");
   std::string text =
       "  Node   Pressure      DBT     Hum.      WBT   T.Leng.  Elevation\n"
       "           (mmAq)  (deg C)      (%)  (deg C)       (m)        (m)\n";
   for (const Node_Row& row : Node_Rows(db)) {
-    text += Right(std::to_string(row.node), 6) + Right(two(row.pressure), 11) +
-            Right(two(row.dbt), 9) + Right(two(row.hum), 9) + Right(two(row.wbt), 9) +
-            Right(one(row.tleng), 10) + Right(std::to_string(row.elev), 11) + '\n';
+    const auto [node, pressure, dbt, hum, wbt, tleng, elev, ew, sn] = Node_Texts(row);
+    text += Right(node, 6) + Right(pressure, 11) + Right(dbt, 9) + Right(hum, 9) + Right(wbt, 9) +
+            Right(tleng, 10) + Right(elev, 11) + '\n';
   }
   text +=
       "\n   Airway    Flow Rate    Velo.    Temp.     Hum.      NVP  Switch  Comm.\n"
       "              (m3/min)  (m/sec)  (deg C)      (%)   (mmAq)\n";
   for (const Airway_Row& row : Airway_Rows(db)) {
     if (row.far < row.node) continue;  // each airway once, from its lower-numbered end
-    text += Right(Airway_Ends(row), 11) + Right(one(row.flow), 11) + Right(two(row.velocity), 9) +
-            Right(two(row.temp), 9) + Right(two(row.hum), 9) + Right(two(row.nvp), 9) + "  " +
-            Left(Switch_Word(row.closed), 8) + To_Utf8(row.comment) + '\n';
+    const auto [name, flow, velocity, temp, hum, level, nvp, state, comment] = Airway_Texts(row);
+    text += Right(name, 11) + Right(flow, 11) + Right(velocity, 9) + Right(temp, 9) +
+            Right(hum, 9) + Right(nvp, 9) + "  " + Left(state, 8) + To_Utf8(comment) + '\n';
   }
   return text;
 }

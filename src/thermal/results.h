@@ -3,6 +3,7 @@
 // them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,14 +23,14 @@ struct Node_Row {
 /// A slot of a connected node: the airway seen from one of its ends.
 struct Airway_Row {
   int node, slot, far;
-  bool outward;    ///< the air flows from `node` to `far`
-  float flow;      ///< m3/min, positive outward
-  float velocity;  ///< m/s, 0 when the airway has no area
-  float temp;      ///< deg C
-  float hum;       ///< %
-  int level_diff;  ///< m, elevation of the far end less that of the node
-  float nvp;       ///< natural ventilation pressure, mmAq
-  bool closed;     ///< by Change Switch
+  bool outward;                   ///< the air flows from `node` to `far`
+  float flow;                     ///< m3/min, positive outward
+  std::optional<float> velocity;  ///< m/s; an airway without area has none
+  float temp;                     ///< deg C
+  float hum;                      ///< %
+  int level_diff;                 ///< m, elevation of the far end less that of the node
+  float nvp;                      ///< natural ventilation pressure, mmAq
+  bool closed;                    ///< by Change Switch
   std::string comment;
 };
 
@@ -40,11 +41,19 @@ std::vector<Node_Row> Node_Rows(const Database& db);
 /// number outside 1..Node_Total.
 std::vector<Airway_Row> Airway_Rows(const Database& db);
 
-/// The two node numbers, each right-aligned in three characters: "  1 ->   2", or "  1 <-   2" when
-/// the air does not flow outward.
-std::string Airway_Ends(const Airway_Row& row);
+/// A main fan as the results have it: in memory as the last solution left it, after a load as far
+/// as pressures and flows tell.
+struct Fan_Row {
+  int fan;
+  double press;  ///< at its suction side, mmH2O: minus the fan pressure
+  double flow;   ///< what it draws through its suction node, m3/min
+};
 
-/// The ends without the blanks in front: "1 ->   2".
+/// Main fans, ascending. Raises Run_Time_Error on a number outside its table.
+std::vector<Fan_Row> Fan_Rows(const Database& db);
+
+/// The two node numbers, each right-aligned in three characters, without the blanks in front:
+/// "1 ->   2", or "1 <-   2" when the air does not flow outward.
 std::string Airway_Name(const Airway_Row& row);
 
 /// "Close" or " Open".

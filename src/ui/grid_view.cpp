@@ -39,6 +39,11 @@ Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : QTableView(parent), mod
   verticalHeader()->setHighlightSections(true);
   corner_ = findChild<QAbstractButton*>();
   if (corner_ != nullptr) corner_->installEventFilter(this);
+  connect(this, &QTableView::doubleClicked,
+          [this](const QModelIndex& cell) { emit row_chosen(cell.row() + Text_Grid::FixedRows); });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, [this](int column) {
+    if (!fitting_) dragged_.insert(column);
+  });
   fit_columns();
 }
 
@@ -97,6 +102,7 @@ void Grid_View::fit_columns() {
   const QFontMetrics heading_metrics(horizontalHeader()->font());
   const Text_Grid& grid = model_.grid();
   const int digit = metrics.horizontalAdvance('0');
+  fitting_ = true;
   verticalHeader()->setDefaultSectionSize(metrics.height() + cell_margin);
   for (int col = 0; col < grid.Cols(); ++col) {
     std::size_t longest = 0;
@@ -110,11 +116,12 @@ void Grid_View::fit_columns() {
     width += 2 * cell_margin;
     if (col == title_column) {
       verticalHeader()->setFixedWidth(width);
-    } else {
+    } else if (!dragged_.contains(col)) {
       setColumnWidth(col, width);
     }
   }
   horizontalHeader()->setFixedHeight(2 * heading_metrics.lineSpacing() + 2 * cell_margin);
+  fitting_ = false;
 }
 
 void Grid_View::focusInEvent(QFocusEvent* event) {
@@ -153,7 +160,9 @@ bool Grid_View::eventFilter(QObject* object, QEvent* event) {
 
 void Grid_View::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fit_columns();
+  if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+  dragged_.clear();
+  fit_columns();
 }
 
 // The heading of the title column stands in the corner.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QTableView>
+#include <set>
 
 #include "ui/text_grid_model.h"
 
@@ -32,7 +33,8 @@ class Grid_View : public QTableView {
   /// program's own form and by LF for others.
   void copy_selection();
 
-  /// Fits columns and row height to the present font.
+  /// Fits columns and row height to the present font. Columns that the user has dragged keep their
+  /// widths until the font changes.
   void fit_columns();
 
  signals:
@@ -54,6 +56,8 @@ class Grid_View : public QTableView {
   Text_Grid_Model model_;
   QString empty_text_;
   QWidget* corner_ = nullptr;
+  std::set<int> dragged_;  // columns whose width is the user's
+  bool fitting_ = false;
 };
 
 }  // namespace branok
