@@ -124,9 +124,8 @@ void BRANOK60::Analysis_Graph(int) { draw_diagram(Diagram_Kind::month); }
 void BRANOK60::Analysis_Leng(int) { draw_diagram(Diagram_Kind::temp); }
 
 void BRANOK60::Fan_Diagram(int) {
-  Draw_Fan_Diagram(this, project_.db.MFan_Total, 1, [this](int fan) {
-    return Make_Diagram(project_.db, Diagram_Kind::fan, fan);
-  });
+  Draw_Fan_Diagram(this, project_.db.MFan_Total, 1,
+                   [this](int fan) { return Make_Diagram(project_.db, Diagram_Kind::fan, fan); });
 }
 
 void BRANOK60::Analysis_Switch(int) {

@@ -9,21 +9,21 @@ namespace {
 using W = BRANOK60;
 
 constexpr Menu_Entry Do(const char* name, const char* caption, const char* tip, const char* icon,
-                   const char* shortcut, Command_Procedure run, const char* trap) {
+                        const char* shortcut, Command_Procedure run, const char* trap) {
   return {Item::command, name, caption, tip, icon, shortcut, run, trap, -1, false};
 }
 // An entry of an array of entries.
 constexpr Menu_Entry Do(const char* name, int index, const char* caption, const char* tip,
-                   const char* icon, const char* shortcut, Command_Procedure run,
-                   const char* trap) {
+                        const char* icon, const char* shortcut, Command_Procedure run,
+                        const char* trap) {
   return {Item::command, name, caption, tip, icon, shortcut, run, trap, index, false};
 }
-constexpr Menu_Entry Check(const char* name, const char* caption, const char* tip, Command_Procedure run,
-                      const char* trap) {
+constexpr Menu_Entry Check(const char* name, const char* caption, const char* tip,
+                           Command_Procedure run, const char* trap) {
   return {Item::command, name, caption, tip, "", "", run, trap, -1, true};
 }
 constexpr Menu_Entry Check(const char* name, int index, const char* caption, const char* tip,
-                      Command_Procedure run, const char* trap) {
+                           Command_Procedure run, const char* trap) {
   return {Item::command, name, caption, tip, "", "", run, trap, index, true};
 }
 constexpr Menu_Entry Line(const char* name) {
@@ -32,7 +32,9 @@ constexpr Menu_Entry Line(const char* name) {
 constexpr Menu_Entry Menu(const char* name, const char* caption, const char* tip) {
   return {Item::menu, name, caption, tip, "", "", nullptr, "", -1, false};
 }
-constexpr Menu_Entry End() { return {Item::end_of_menu, "", "", "", "", "", nullptr, "", -1, false}; }
+constexpr Menu_Entry End() {
+  return {Item::end_of_menu, "", "", "", "", "", nullptr, "", -1, false};
+}
 
 // The layout of these tables says more than a formatter would.
 // clang-format off

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -21,6 +23,9 @@
 #include "ui/main_window.h"
 #include "user.h"
 
+// How a failed comparison shows a text.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << qPrintable(text); }
+
 namespace branok {
 
 class Main_Window : public testing::Test {
@@ -35,7 +40,7 @@ class Main_Window : public testing::Test {
     window_->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
     window_->activateWindow();
-    QTest::qWaitForWindowActive(window_.get(), 1000);
+    (void)QTest::qWaitForWindowActive(window_.get(), 1000);
   }
 
   [[nodiscard]] Program_Folders folders() const {
@@ -64,6 +69,7 @@ class Main_Window : public testing::Test {
       auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
       name->setText(QString::fromStdString(file.string()));
       QTest::keyClick(name, Qt::Key_Return);
+      if (dialog.isVisible()) dialog.reject();  // the choice was refused
     });
   }
   void open(const std::filesystem::path& file) {

@@ -128,7 +128,7 @@ TEST_F(File_Commands, Save_Of_A_New_Mine_Asks_For_A_Name) {
     EXPECT_FALSE(files.testOption(QFileDialog::DontConfirmOverwrite));
     dialog.findChild<QLineEdit*>("fileNameEdit")
         ->setText(QString::fromStdString((home_ / "new").string()));
-    files.accept();
+    dialog.accept();
   });
   give("mnuFileComSave");
   ASSERT_EQ(user_.boxes.size(), 1U);
@@ -218,16 +218,19 @@ TEST_F(File_Commands, A_Mine_Opened_While_Another_Is_Open_Takes_Its_Place_Everyw
 TEST_F(File_Commands, A_Dropped_File_Is_Opened) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QString::fromStdString(mine("mine-a.abk").string()))});
+  QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window_.get(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(window_.get(), &drop);
   EXPECT_TRUE(control<QLabel>("stbFile")->toolTip().endsWith("mine-a.abk"));
 }
 
 TEST_F(File_Commands, A_File_Of_The_Command_Line_Is_Opened_By_Its_Full_Name) {
-  mine("mine-a.abk");
+  const auto file = mine("mine-a.abk");
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(home_.path());
-  window_->open_file("mine-a.abk");
+  window_->open_file(file.filename());
   std::filesystem::current_path(before);
   EXPECT_EQ(action("mnuFileComPrefile0")->text().toStdString(), (home_ / "mine-a.abk").string());
   EXPECT_EQ(window_->window_tag(), "analysis");
