@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -167,6 +168,8 @@ void BRANOK60::build_middle() {
   layout->addWidget(start_page_);
   connect(start_page_, &Start_Page::command, this, &BRANOK60::give_command);
   connect(area_, &QMdiArea::subWindowActivated, this, &BRANOK60::window_activated);
+  auto* const close_key = new QShortcut(QKeySequence("Ctrl+F4"), this);
+  connect(close_key, &QShortcut::activated, area_, &QMdiArea::closeActiveSubWindow);
 }
 
 void BRANOK60::place_window() {

@@ -284,6 +284,12 @@ TEST_F(Main_Window, Analysis_Window_Shows_Its_Menu_While_It_Is_On_Top) {
   EXPECT_TRUE(control<QWidget>("Start_Page")->isVisible());
 }
 
+TEST_F(Main_Window, Ctrl_F4_Closes_The_Child_Window) {
+  give("mnuWinSelCom1");
+  QTest::keyClick(analysis(), Qt::Key_F4, Qt::ControlModifier);
+  QTRY_VERIFY_WITH_TIMEOUT(analysis() == nullptr, 2000);
+}
+
 TEST_F(Main_Window, Edit_Commands_Follow_The_Page_In_Front) {
   give("mnuWinSelCom1");
   auto* const tabs = control<QTabWidget>("tabAna");
