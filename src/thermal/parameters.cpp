@@ -173,11 +173,12 @@ void Set_Parameter(Database& db, std::string_view name, std::string_view text) {
   trial.keep();
 }
 
-Parameter_Trial::Parameter_Trial(Database& db) : db_(db) {
+Parameter_Trial::Parameter_Trial(Database& db) : db_(db), month_before_(db.Para_MonthPrev) {
   for (const Parameter& parameter : parameters) before_.push_back(parameter.get(db));
 }
 
 Parameter_Trial::~Parameter_Trial() {
+  db_.Para_MonthPrev = month_before_;
   if (kept_) return;
   for (std::size_t i = 0; i < parameters.size(); ++i) Store(db_, parameters[i], before_[i]);
 }

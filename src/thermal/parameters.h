@@ -83,11 +83,14 @@ class Parameter_Trial {
   std::optional<Parameter_Fault> take(int row, std::string_view text);
   /// Takes a number within the row's bounds.
   std::optional<Parameter_Fault> take_allowed(int row, std::string_view text);
+  /// Lets the intake graph begin its year with this month, 0..12.
+  void begin_year(int month) { db_.Para_MonthPrev = static_cast<std::int16_t>(month); }
   void keep() { kept_ = true; }
 
  private:
   Database& db_;
   std::vector<double> before_;
+  std::int16_t month_before_;
   bool kept_ = false;
 };
 

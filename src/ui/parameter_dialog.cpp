@@ -154,6 +154,7 @@ void DlgCPara::draw(std::string_view kind, std::string_view first, std::string_v
     const int row = Row_Of(name);
     if (const auto fault = trial.take(row, text_of(row))) return report(*fault);
   }
+  if (month_ >= 0 && month_ <= last_month) trial.begin_year(month_);
   draw_diagram_(kind);
 }
 

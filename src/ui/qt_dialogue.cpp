@@ -122,7 +122,7 @@ void Qt_Dialogue::busy(bool on) {
 }
 
 void Qt_Dialogue::end_busy() {
-  while (busy_ > 0) busy(false);
+  while (busy_ > 0) Qt_Dialogue::busy(false);
 }
 
 std::optional<std::string> Qt_Dialogue::ask(std::string_view prompt, std::string_view title) {

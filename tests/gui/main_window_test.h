@@ -79,7 +79,7 @@ class Main_Window : public testing::Test {
 
   /// A copy of a demo mine that a test may overwrite.
   [[nodiscard]] std::filesystem::path mine(const std::string& name) const {
-    const auto copy = home_ / name;
+    auto copy = home_ / name;
     std::filesystem::copy_file(std::filesystem::path(BRANOK_TEST_DATA) / "DATA" / name, copy,
                                std::filesystem::copy_options::overwrite_existing);
     return copy;

@@ -332,6 +332,16 @@ TEST_F(Parameter_Dialog, Diagrams_Need_Numbers) {
   EXPECT_EQ(db, *before);
 }
 
+TEST_F(Parameter_Dialog, The_Year_Of_The_Intake_Graph_Begins_With_The_Chosen_Month) {
+  open();
+  list->setCurrentRow(3);
+  int shown = -1;
+  on_diagram = [&] { shown = db.Para_MonthPrev; };
+  press("Com_InAir_Temp");
+  EXPECT_EQ(shown, 3);
+  EXPECT_EQ(db, *before);
+}
+
 TEST_F(Parameter_Dialog, The_Month_Comes_From_Its_List) {
   open();
   ASSERT_EQ(list->count(), 13);
