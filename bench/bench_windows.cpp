@@ -48,6 +48,7 @@ void Annual_Run_On_Screen(benchmark::State& state) {
   Database db = start;
   Analysis_Panel panel;
   MDIAna window(db, panel, nullptr);
+  window.load();
   window.show();
   benchmark::DoNotOptimize(QTest::qWaitForWindowExposed(&window));
   Panel unseen;

@@ -266,6 +266,7 @@ void Solution::publish() {
   }
   for (int f = 1; f <= db_.MFan_Total; ++f) {
     db_.MFan_Press[f] = kept_fans_.press[static_cast<std::size_t>(f)];
+    db_.MFan_Flow[f] = kept_fans_.flow[static_cast<std::size_t>(f)];
   }
 }
 

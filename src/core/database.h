@@ -111,6 +111,7 @@ struct Database {
   List<std::string, max_main_fans> MFan_Comm;
   Grid<std::string, max_pictures, max_main_fans> MFan_Pict;
   List<double, max_main_fans> MFan_Press;  ///< mmH2O, of the last solution
+  List<float, max_main_fans> MFan_Flow;  ///< m3/s of outside air, of the last solution; in no file
 
   // The main-fan pages of the Database window: the edit copy until Check Data commits it.
   List<std::int16_t, max_main_fans> MFan_WorkSuction;

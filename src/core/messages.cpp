@@ -9,7 +9,7 @@ Message Warning(std::string text) {
 }
 
 Message Information(std::string text) {
-  return {.text = std::move(text), .icon = Icon::information};
+  return {.text = std::move(text), .icon = Icon::information, .beep = true};
 }
 
 Message Yes_No(std::string text, Topic topic) {
@@ -57,11 +57,7 @@ Message Memory_Over() {
       "Do optimize nodal No.!");
 }
 
-Message Confirm_Flow() {
-  Message message = Information("After confirmation, push button !");
-  message.beep = true;
-  return message;
-}
+Message Confirm_Flow() { return Information("After confirmation, push button !"); }
 
 Message Ask_Results_Initial() {
   return {.text =

@@ -23,9 +23,16 @@ fs::path User_Data_Folder() {
   return From_Environment("HOME") / ".local/share/branok";
 }
 
+bool Can_Be_Written(const fs::path& folder) { return ::access(folder.c_str(), W_OK) == 0; }
+
 fs::path Own_Folder(const fs::path& home, const fs::path& program) {
-  if (!home.empty()) return home;
-  if (::access(program.c_str(), W_OK) == 0) return program;
+  if (!home.empty()) {
+    std::error_code no_folder;
+    fs::create_directories(home, no_folder);
+    if (Can_Be_Written(home)) return home;
+  } else if (Can_Be_Written(program)) {
+    return program;
+  }
   return User_Data_Folder();
 }
 

@@ -27,9 +27,9 @@ struct Program_Folders {
 };
 
 /// The folders of the program that stands in `program`. Own is BRANOK_HOME when that is set, else
-/// the program's folder when it is writable, else $XDG_DATA_HOME/branok (~/.local/share/branok); it
-/// is made when it is missing. Installed files are looked for in BRANOK_HOME, in the program's
-/// folder and in ../share/branok beside it.
+/// the program's folder; where that one is not writable it is $XDG_DATA_HOME/branok
+/// (~/.local/share/branok). It is made when it is missing. Installed files are looked for in
+/// BRANOK_HOME, in the program's folder and in ../share/branok beside it.
 Program_Folders Find_Program_Folders(const std::filesystem::path& program);
 
 /// The folder of the running program.

@@ -1,7 +1,9 @@
 #include "files/project.h"
 
+#include <algorithm>
 #include <fstream>
 #include <system_error>
+#include <vector>
 
 #include "core/messages.h"
 
@@ -13,6 +15,7 @@ namespace {
 // are at hand also when another program has taken the template away.
 Comment_Template Comments_For_Save(const Project& project, const Program_Folders& folders) {
   if (project.db.Data_Ver != 6) return Comment_Template::Load(folders.default_template());
+  if (project.template_is_stale) return project.comments;
   try {
     return Comment_Template::Load(folders.user_template());
   } catch (const Run_Time_Error&) {
@@ -20,13 +23,14 @@ Comment_Template Comments_For_Save(const Project& project, const Program_Folders
   }
 }
 
-// A project that could not keep its comments goes on with the default ones: its version stays.
-void Become_Ver6(Database& db, const Comment_Template& comments, const Program_Folders& folders,
-                 Dialogue& dialogue) {
+// From now on the project has comments of its own, in memory where they cannot be kept on disk.
+void Become_Ver6(Project& project, const Program_Folders& folders, Dialogue& dialogue) {
+  project.db.Data_Ver = 6;
   try {
-    comments.save(folders.user_template());
-    db.Data_Ver = 6;
+    project.comments.save(folders.user_template());
+    project.template_is_stale = false;
   } catch (const Run_Time_Error& fault) {
+    project.template_is_stale = true;
     dialogue.remark(fault.what());
   }
 }
@@ -44,13 +48,20 @@ bool Write_With_Comments(Project& project, const std::filesystem::path& file,
   return Write_Ver6(project.db, file, project.comments, dialogue);
 }
 
+// A name that the settings file cannot hold would lead nowhere at the next start.
+bool Can_Be_Recent(const std::string& name) {
+  const bool one_line =
+      std::none_of(name.begin(), name.end(), [](unsigned char c) { return c < ' '; });
+  return one_line && name.size() <= longest_recent;
+}
+
 // The file is the project's from now on, by a name that holds in every folder.
 void Take_File(Project& project, const std::filesystem::path& file, Settings& settings) {
   std::error_code no_folder;
   const std::filesystem::path full = std::filesystem::absolute(file, no_folder);
   project.file = no_folder ? file : full;
   project.db.Check_Count = 0;
-  Add_Recent(settings, project.file.string());
+  if (Can_Be_Recent(project.file.string())) Add_Recent(settings, project.file.string());
 }
 
 // What a failed read has left is no mine; only its version stays, which chooses the template.
@@ -72,21 +83,47 @@ void Keep_Comments(Read_Result& result, const Comment_Template& comments,
   }
 }
 
-std::string Place(const Read_Result& result) {
-  return result.line > 0 ? "line " + std::to_string(result.line) + ": " : std::string();
+// Where and why a read has failed: "mine.abk, line 7: ...".
+std::string Reason(const std::filesystem::path& file, const Read_Result& result) {
+  if (result.fault.starts_with(file.string())) return result.fault;  // it could not be opened
+  std::string where = file.filename().string();
+  if (result.line > 0) where += ", line " + std::to_string(result.line);
+  return where + ": " + result.fault;
 }
+
+// Keeps boxes back until the reason that the status bar gives for them stands there.
+class Boxes_Kept_Back : public Dialogue {
+ public:
+  explicit Boxes_Kept_Back(Dialogue& dialogue) : dialogue_(dialogue) {}
+  Answer show(const Message& message) override {
+    kept_.push_back(message);
+    return message.default_answer;
+  }
+  void remark(std::string_view text) override { dialogue_.remark(text); }
+  void busy(bool on) override { dialogue_.busy(on); }
+  void show_now() {
+    for (const Message& message : kept_) dialogue_.show(message);
+  }
+
+ private:
+  Dialogue& dialogue_;
+  std::vector<Message> kept_;
+};
 
 }  // namespace
 
 Read_Result Open_Project(Project& project, const std::filesystem::path& file,
                          const Program_Folders& folders, Settings& settings, Dialogue& dialogue) {
   Reset_Database(project.db);
-  Read_Result result = Read_Ver6(project.db, file, project.comments, dialogue);
+  project.template_is_stale = false;
+  Boxes_Kept_Back boxes(dialogue);
+  Read_Result result = Read_Ver6(project.db, file, project.comments, boxes);
   const bool opened = result.line > 0;
-  if (opened) Keep_Comments(result, project.comments, folders, dialogue);
+  if (opened) Keep_Comments(result, project.comments, folders, boxes);
   if (!result.ok) {
-    dialogue.remark(Place(result) + result.fault);
+    dialogue.remark(Reason(file, result));
     Empty_After_Failure(project);
+    boxes.show_now();
     return result;
   }
   Take_File(project, file, settings);
@@ -96,7 +133,10 @@ Read_Result Open_Project(Project& project, const std::filesystem::path& file,
 std::optional<Read_Result> Open_Recent(Project& project, int row, const Program_Folders& folders,
                                        Settings& settings, Dialogue& dialogue) {
   const std::string name = settings.Recent_File.at(static_cast<std::size_t>(row));
-  if (std::ifstream(name).good()) return Open_Project(project, name, folders, settings, dialogue);
+  std::error_code gone;
+  if (std::filesystem::is_regular_file(name, gone) && std::ifstream(name).good()) {
+    return Open_Project(project, name, folders, settings, dialogue);
+  }
   dialogue.show(messages::File_Not_Found(name));
   return std::nullopt;
 }
@@ -109,7 +149,7 @@ bool Save_Project(Project& project, const std::filesystem::path& file,
     if (command == Save_Command::save) dialogue.show(messages::File_Error("'Save'"));
     return false;
   }
-  if (!has_own_comments) Become_Ver6(project.db, project.comments, folders, dialogue);
+  if (!has_own_comments) Become_Ver6(project, folders, dialogue);
   Take_File(project, file, settings);
   return true;
 }

@@ -4,11 +4,10 @@
 #include <cmath>
 #include <utility>
 
-#include "airflow/branches.h"
-#include "core/faults.h"
 #include "core/pictures.h"
 #include "core/vocabulary.h"
 #include "prep/fan.h"
+#include "thermal/fan_state.h"
 #include "thermal/seasonal.h"
 
 namespace branok {
@@ -65,74 +64,10 @@ Diagram Month_Diagram(const Database& db) {
 
 // A mine of its own for the fan, whose curve is the one of the fan's table.
 Database With_Fitted_Fan(const Database& db, int fan) {
-  if (fan < 1) Outside_Table(fan, max_main_fans);
+  if (fan < 1 || fan > db.MFan_Total) Outside_Table(fan, db.MFan_Total);
   Database fitted = db;
   Fit_Fan_Curve(fitted, fan);
   return fitted;
-}
-
-// What drives the air through an underground fan's airway besides the fan, seen from its discharge
-// node: natural ventilation and an assist fan, mmH2O. Writes Root_Density.
-double Natural_Head(Database& db, int fan) {
-  Branches branches(db);
-  Set_Natural_Heads(db, branches);
-  Add_Assist_Fans(db, branches);
-  const int d = db.MFan_Discharge[fan];
-  const int b = branches.find(d, Find_Slot(db, d, db.MFan_Suction[fan]));
-  return b < 0 ? 0 : branches.nat_head[static_cast<std::size_t>(b)];
-}
-
-// The head that the nodal pressures and the flow Q (m3/s) tell, as the solver sets the pressure of
-// the suction node: a surface fan's is minus its head; an underground fan lifts the air from the
-// pressure of its suction node to that of its discharge node, and along its own airway.
-double Head_At_Nodes(const Database& db, int fan, double natural_head, double Q) {
-  const int s = db.MFan_Suction[fan];
-  const int d = db.MFan_Discharge[fan];
-  if (s == d) return -db.Node_Press[s];
-  const int a = Find_Slot(db, s, d);
-  const double drop = a == 0 ? 0 : Q * db.Root_Resist(a, s) * 0.001 * Q;
-  return db.Node_Press[d] - db.Node_Press[s] - natural_head + drop;
-}
-
-// What the fan draws through its suction node, m3/s: the flows as the table holds them, and the
-// same taken back from each airway's own density to that of the outside air.
-struct Drawn_Flow {
-  double in_table = 0;
-  double outside = 0;
-};
-
-Drawn_Flow Draw_Flow(const Database& db, int fan) {
-  const int s = db.MFan_Suction[fan];
-  const double outside = 1 + 0.0037 * db.Node_DBT[db.Inlet_Node[1]];
-  Drawn_Flow drawn;
-  for (int j = 1; j <= db.Node_JuncCount[s]; ++j) {
-    if (db.Node_Junc(j, s) == db.MFan_Discharge[fan]) continue;
-    drawn.in_table += db.Root_Flow(j, s);
-    drawn.outside += db.Root_Flow(j, s) * outside / (1 + 0.0037 * db.Root_Temp(j, s));
-  }
-  return {std::abs(drawn.in_table), std::abs(drawn.outside)};
-}
-
-// The solver leaves volumes of outside air, which a flow run (not a temperature run) then turns
-// into volumes at the airways' own densities, and no table tells which of the two it holds. The fan
-// does: its working point lies on its curve.
-std::optional<Diagram_Point> Working_Point_On_Curve(Database& db, int fan) {
-  const double n = db.MFan_Ratio[fan];
-  if (db.Flag_Results == 0 || !(n > 0)) return std::nullopt;
-  const Float_Faults faults;
-  const bool surface = db.MFan_Suction[fan] == db.MFan_Discharge[fan];
-  const double natural_head = surface ? 0 : Natural_Head(db, fan);
-  const auto beside_curve = [&](double Q) {
-    return std::abs(Fan_Head(db, fan, n, Q) - Head_At_Nodes(db, fan, natural_head, Q));
-  };
-  const Drawn_Flow drawn = Draw_Flow(db, fan);
-  double Q = drawn.outside;
-  // A flat curve cannot tell: mere rounding must not decide.
-  constexpr double clearly = 0.01;  // mmH2O
-  if (beside_curve(drawn.in_table) + clearly < beside_curve(Q)) Q = drawn.in_table;
-  const Diagram_Point point{60 * Q, Head_At_Nodes(db, fan, natural_head, Q)};
-  faults.check("the working point of a main fan");
-  return point;
 }
 
 // The speed of a curve. A fan without a standard speed runs at its driving speed, which then is the
@@ -152,7 +87,7 @@ std::string Fan_Footnote(const Database& db, int fan,
 }
 
 Diagram Fan_Diagram(const Database& db, int fan) {
-  Database fitted = With_Fitted_Fan(db, fan);
+  const Database fitted = With_Fitted_Fan(db, fan);
   const Fan_Curves curves = Calc_Fan_Curves(fitted, fan);
   Diagram diagram = Blank_Fan_Diagram(fan);
   for (std::size_t j = 1; j <= fan_curves; ++j) {
@@ -163,7 +98,7 @@ Diagram Fan_Diagram(const Database& db, int fan) {
     }
     diagram.series.push_back(std::move(curve));
   }
-  diagram.working_point = Working_Point_On_Curve(fitted, fan);
+  diagram.working_point = Fan_Working_Point(db, fan);
   diagram.footnote = Fan_Footnote(db, fan, diagram.working_point);
   if (diagram.series.empty())
     diagram.hint = "The fan has no speed: enter its driving r.p.m. first.";
@@ -231,8 +166,9 @@ Diagram Blank_Fan_Diagram(int fan, std::string hint) {
 }
 
 std::optional<Diagram_Point> Fan_Working_Point(const Database& db, int fan) {
-  Database fitted = With_Fitted_Fan(db, fan);
-  return Working_Point_On_Curve(fitted, fan);
+  if (db.Flag_Results == 0 || !(db.MFan_Ratio[fan] > 0)) return std::nullopt;
+  const Fan_State state = Present_Fan_State(db, fan);
+  return Diagram_Point{state.flow, state.press};
 }
 
 Diagram Make_Diagram(const Database& db, Diagram_Kind kind, int fan) {

@@ -53,9 +53,8 @@ Diagram Make_Diagram(const Database& db, Diagram_Kind kind, int fan = 1);
 /// The diagram of a main fan without its curves, and why they are not there.
 Diagram Blank_Fan_Diagram(int fan, std::string hint = {});
 
-/// Where main fan `fan` works: its flow in m3/min, as a volume of outside air like the flows of its
-/// curve, and its head in mmH2O. From the nodal pressures and airway flows alone, so that it is
-/// there after a load too. Nothing without results. Raises what Make_Diagram raises.
+/// Where main fan `fan` works, as a point of its diagram: flow in m3/min, head in mmH2O. Nothing
+/// without results or without speed.
 std::optional<Diagram_Point> Fan_Working_Point(const Database& db, int fan);
 
 }  // namespace branok

@@ -18,33 +18,6 @@ float Shown_Nvp(const Database& db, int i, int j, int level_diff) {
   return static_cast<float>((outside - inside) * std::exp(-mean / 8620) * level_diff);
 }
 
-// m3/s through the other airways of the fan's suction node.
-double Drawn_Flow(const Database& db, int fan) {
-  const int s = db.MFan_Suction[fan];
-  double sum = 0;
-  for (int j = 1; j <= db.Node_JuncCount[s]; ++j) {
-    if (db.Node_Junc(j, s) != db.MFan_Discharge[fan]) sum += db.Root_Flow(j, s);
-  }
-  return std::abs(sum);
-}
-
-// The fan pressure that belongs to the pressures at the fan's two ends. A surface fan holds its
-// suction node against the atmosphere; one underground lifts the air from its suction to its
-// discharge node, against the resistance and with the natural draught of its own airway.
-double Pressure_Of_Ends(const Database& db, int fan, double flow) {
-  const int s = db.MFan_Suction[fan];
-  const int d = db.MFan_Discharge[fan];
-  if (s == d) return -db.Node_Press[s];
-  const double lift = db.Node_Press[d] - db.Node_Press[s];
-  const int slot = Find_Slot(db, d, s);
-  if (slot == 0) return lift;
-  const double mean = Int(0.5 * (db.Node_Elev[d] + db.Node_Elev[s]));
-  const double outside =
-      1.293 / (1 + 0.00366 * db.Node_DBT[db.Inlet_Node[1]]) * std::exp(-mean / 8620);
-  const double draught = (outside - db.Root_Density(slot, d)) * (db.Node_Elev[s] - db.Node_Elev[d]);
-  return lift - draught + 0.001 * db.Root_Resist(slot, d) * flow * flow;
-}
-
 // A node number right-aligned in three characters.
 std::string In_Three(int number) {
   const std::string digits = std::to_string(number);
@@ -92,18 +65,6 @@ std::vector<Airway_Row> Airway_Rows(const Database& db) {
                       .closed = db.Root_Switch(j, i) == 1,
                       .comment = db.Root_Comm(j, i)});
     }
-  }
-  return rows;
-}
-
-std::vector<Fan_Row> Fan_Rows(const Database& db) {
-  std::vector<Fan_Row> rows;
-  for (int f = 1; f <= db.MFan_Total; ++f) {
-    const double flow = Drawn_Flow(db, f);
-    const bool solved = db.Iter_No > 0;
-    rows.push_back({.fan = f,
-                    .press = -(solved ? db.MFan_Press[f] : Pressure_Of_Ends(db, f, flow)),
-                    .flow = flow * 60});
   }
   return rows;
 }

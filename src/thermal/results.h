@@ -41,17 +41,6 @@ std::vector<Node_Row> Node_Rows(const Database& db);
 /// number outside 1..Node_Total.
 std::vector<Airway_Row> Airway_Rows(const Database& db);
 
-/// A main fan as the results have it: in memory as the last solution left it, after a load as far
-/// as pressures and flows tell.
-struct Fan_Row {
-  int fan;
-  double press;  ///< at its suction side, mmH2O: minus the fan pressure
-  double flow;   ///< what it draws through its suction node, m3/min
-};
-
-/// Main fans, ascending. Raises Run_Time_Error on a number outside its table.
-std::vector<Fan_Row> Fan_Rows(const Database& db);
-
 /// The two node numbers, each right-aligned in three characters, without the blanks in front:
 /// "1 ->   2", or "1 <-   2" when the air does not flow outward.
 std::string Airway_Name(const Airway_Row& row);

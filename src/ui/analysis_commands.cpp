@@ -24,12 +24,25 @@ std::vector<double> Physical_Parameters(const Database& db) {
   std::vector<double> values;
   for (const Parameter& parameter : Calculation_Parameters()) {
     if (parameter.name == "Para_Month" || parameter.name == "Para_FlowTol" ||
-        parameter.name == "Para_Accel") {
+        parameter.name == "Para_Accel" || parameter.entry == Entry::derived) {
       continue;
     }
     values.push_back(parameter.get(db));
   }
   return values;
+}
+
+// The first fan whose table gives a curve; the first of all when none does.
+int First_Fan_With_Curve(const Database& db) {
+  for (int fan = 1; fan <= db.MFan_Total; ++fan) {
+    try {
+      (void)Make_Diagram(db, Diagram_Kind::fan, fan);
+      return fan;
+    } catch (const Run_Time_Error&) {
+      continue;
+    }
+  }
+  return 1;
 }
 
 }  // namespace
@@ -44,12 +57,14 @@ MDIAna& BRANOK60::analysis_window() {
       give_command(name);
     }
   });
+  connect(analysis_, &MDIAna::wet_method_chosen, this, &BRANOK60::wet_method_chosen);
   connect(analysis_, &MDIAna::edit_target, this, &BRANOK60::show_analysis_state);
   connect(analysis_, &MDIAna::state_changed, this, &BRANOK60::show_analysis_state);
   QMdiSubWindow* const frame = area_->addSubWindow(analysis_);
   frame->setAttribute(Qt::WA_DeleteOnClose);
   frame->setWindowIcon(Icon_Of("window-analysis"));
   connect(frame, &QObject::destroyed, this, &BRANOK60::window_activated);
+  if (font_) analysis_->apply_font(*font_);
   analysis_->load();
   frame->showMaximized();
   return *analysis_;
@@ -73,29 +88,56 @@ void BRANOK60::Analysis_Find(int) {
 
 // A run: its values are shown while it goes on, the last ones and the result grids when it has
 // ended, well or not.
-void BRANOK60::run_analysis(const std::function<bool()>& calculation) {
+void BRANOK60::run_analysis(const std::function<void()>& calculation) {
   MDIAna& window = analysis_window();
+  if (project_.db.Node_Total == 0) {
+    dialogue_.remark("No mine is open: File, Open reads one");
+    return;
+  }
   panel_.start_run();
-  if (calculation()) outdated_.clear();
+  calculation();
   panel_.show_all();
+  if (project_.db.Flag_Results == 0) window.Set_Result_State("none");
   window.Display_Data_Press();
   window.Display_Data_Flow();
   show_analysis_state();
   refresh_status();
 }
 
+// The season of seasonal results, as their run or their file has left it in the parameters.
+void BRANOK60::take_season() { season_ = Trim(Season_Of(project_.db)); }
+
+// The other wet-wall method counts from the next run on; temperatures on show are of the one
+// before.
+void BRANOK60::wet_method_chosen() {
+  const Database& db = project_.db;
+  const bool of_temperatures = db.Flag_Annual == 1 || db.Flag_Season == 1;
+  const bool same = (db.Wet_Tag == "evaporate") == (db.Para_WetMode == 1);
+  constexpr std::string_view reason = "the wetness selection was changed";
+  if (of_temperatures && !same) old_temp_ = reason;
+  if (same && old_temp_ == reason) old_temp_.clear();
+  refresh_status();
+}
+
 void BRANOK60::Analysis_Press(int) {
-  run_analysis([this] { return Ana_Flow_Press(project_.db, dialogue_, panel_).ok(); });
+  run_analysis([this] {
+    if (!Ana_Flow_Press(project_.db, dialogue_, panel_).ok()) return;
+    old_flow_.clear();
+    const bool given = project_.db.Flag_Annual != 1 && project_.db.Flag_Season != 1;
+    if (given) old_temp_.clear();
+  });
 }
 
 void BRANOK60::Analysis_Annual(int) {
   run_analysis([this] {
     const Annual_Result result = Ana_Annual_Temp(project_.db, dialogue_, panel_);
     if (!result.fault.empty()) dialogue_.remark(result.fault);
-    if (result.ok() && !result.flow.ok()) {
-      dialogue_.remark("The last flow solution of the annual run did not converge");
+    if (!result.ok()) {
+      old_temp_ = "the last temperature run failed";
+      return;
     }
-    return result.ok();
+    old_temp_.clear();
+    old_flow_ = result.flow.ok() ? "" : "the last flow solution did not converge";
   });
 }
 
@@ -103,14 +145,22 @@ void BRANOK60::Analysis_Monthly(int) {
   run_analysis([this] {
     const Season_Result result = Ana_Season_Temp(project_.db, dialogue_, panel_);
     if (!result.fault.empty()) dialogue_.remark(result.fault);
-    return result.ok();
+    if (result.end == Season_End::needs_annual || result.end == Season_End::declined) return;
+    take_season();
+    if (result.end == Season_End::complete) old_flow_.clear();
+    if (result.end == Season_End::fault || result.end == Season_End::too_many_passes) {
+      old_temp_ = "the last temperature run failed";
+    }
+    if (result.end == Season_End::without_flow || result.end == Season_End::flow_failed) {
+      old_flow_ = "the flow is not of this season";
+    }
   });
 }
 
 void BRANOK60::Analysis_Set_Const_Temp(int) {
   Set_Constant_Temp(project_.db, true);
   dialogue_.remark("All air has the intake's annual average state");
-  outdated_ = "constant temperatures were set";
+  old_flow_ = "constant temperatures were set";
   refresh_status();
 }
 
@@ -124,16 +174,20 @@ void BRANOK60::Analysis_Graph(int) { draw_diagram(Diagram_Kind::month); }
 void BRANOK60::Analysis_Leng(int) { draw_diagram(Diagram_Kind::temp); }
 
 void BRANOK60::Fan_Diagram(int) {
-  Draw_Fan_Diagram(this, project_.db.MFan_Total, 1,
-                   [this](int fan) { return Make_Diagram(project_.db, Diagram_Kind::fan, fan); });
+  const Database& db = project_.db;
+  Draw_Fan_Diagram(this, db.MFan_Total, First_Fan_With_Curve(db),
+                   [&db](int fan) { return Make_Diagram(db, Diagram_Kind::fan, fan); });
 }
 
 void BRANOK60::Analysis_Switch(int) {
   MDIAna& window = analysis_window();
-  if (window.selected_airway() < 1) {
+  const int row = window.selected_airway();
+  if (row < 1) {
     dialogue_.remark("Choose an airway's row on the page Airways Results first");
   } else if (window.change_switch()) {
-    outdated_ = "an airway was switched";
+    const Text_Grid& grid = window.airway_results();
+    dialogue_.remark("Airway " + grid.text(row, 0) + ": " + grid.text(row, switch_column));
+    old_flow_ = old_temp_ = "an airway was switched";
     refresh_status();
   } else {
     dialogue_.remark("Above 10000 murgue an airway is a fixed stop and no switch");
@@ -149,7 +203,9 @@ void BRANOK60::Analysis_Para(int) {
       },
       this);
   dialog.exec();
-  if (Physical_Parameters(project_.db) != before) outdated_ = "parameters were changed";
+  if (Physical_Parameters(project_.db) != before) {
+    old_flow_ = old_temp_ = "parameters were changed";
+  }
   refresh_status();
 }
 

@@ -39,7 +39,7 @@ Analysis_Page::Analysis_Page(QWidget* parent) : QScrollArea(parent) {
   Com_Set_Temp = make_button("Com_Set_Temp", "Set Const. Temp", "mnuAnalysisComSetConst_Temp");
   Com_EditPara = make_button("Com_EditPara", "Edit Para.", "mnuAnalysisComPara");
   build_wetness();
-  Com_Fan_Diagram = make_button("Com_Fan_Diagram", "Fan &Diagram...", "fan_diagram");
+  Com_Fan_Diagram = make_button("Com_Fan_Diagram", "Fan D&iagram...", "fan_diagram");
   for (int k = 0; k < displays; ++k) {
     lblDisp[static_cast<std::size_t>(k)] = make_label(QString("lblDisp%1").arg(k));
   }
@@ -251,6 +251,10 @@ void Analysis_Page::set_temperature_available(bool available) {
 
 void Analysis_Page::apply_font(const QFont& font) {
   for (QLabel* label : findChildren<QLabel*>()) label->setFont(font);
+  // The recirculation lines stand below one another by their blanks.
+  QFont columns = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  columns.setPointSizeF(font.pointSizeF());
+  for (QLabel* label : {lblTitle[14], lblDisp[7]}) label->setFont(columns);
   show_heading_bold();
   fit_labels();
 }

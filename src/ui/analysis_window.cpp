@@ -6,6 +6,7 @@
 #include <array>
 
 #include "airflow/flow_run.h"
+#include "thermal/fan_state.h"
 #include "ui/analysis_page.h"
 #include "ui/grid_view.h"
 
@@ -39,11 +40,12 @@ MDIAna::MDIAna(Database& db, Analysis_Panel& panel, QWidget* parent)
   make_page_keys();
 
   connect(page_, &Analysis_Page::command, this, &MDIAna::command);
-  connect(page_, &Analysis_Page::wet_tag_chosen, this,
-          [this](const QString& tag) { db_.Wet_Tag = tag.toStdString(); });
+  connect(page_, &Analysis_Page::wet_tag_chosen, this, [this](const QString& tag) {
+    db_.Wet_Tag = tag.toStdString();
+    emit wet_method_chosen();
+  });
   connect(tabAna, &QTabWidget::currentChanged, this, &MDIAna::tell_edit_target);
   panel_.attach(this);
-  load();
 }
 
 MDIAna::~MDIAna() {
@@ -61,9 +63,6 @@ Grid_View* MDIAna::make_grid(Text_Grid& grid, const QString& name, const QString
   auto* const view = new Grid_View(grid, page);
   view->setObjectName(name);
   view->setAccessibleName(QString(title).remove('&'));
-  view->set_empty_text(
-      "No results yet.\nPress \"Calc Flow for given Temp.\" on the Analyze page to calculate "
-      "pressures and flows.");
   auto* const rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->addWidget(view);
@@ -84,6 +83,15 @@ void MDIAna::make_page_keys() {
 }
 
 void MDIAna::load() {
+  // Whatever goes wrong below, no row of the mine before stays.
+  for (Text_Grid* const grid : {&press_, &flow_}) grid->clear();
+  for (Grid_View* const view : {grdPress, grdFlow}) {
+    view->show_grid();
+    view->set_empty_text(
+        db_.Node_Total == 0 ? "No mine is open.\nFile, Open (Ctrl+O) reads one."
+                            : "No results yet.\nPress \"Calc Flow for given Temp.\" on the Analyze "
+                              "page to calculate pressures and flows.");
+  }
   Show_Start_Press(db_, panel_);
   const bool evaporative = db_.Para_WetMode == 1;
   db_.Wet_Tag = evaporative ? "evaporate" : "area";
@@ -103,8 +111,8 @@ void MDIAna::Set_Result_State(std::string_view kind) {
   emit state_changed();
 }
 
-// The fields of the last solution. What only the solver knows stays as its last pass left it; for
-// results from a file the fans' flows follow from the flows of the airways.
+// The fields of the last solution. The node of the largest imbalance is known of the last run
+// alone.
 void MDIAna::show_last_solution() {
   panel_.lblDisp[1].set(int{db_.Iter_No}, passes);
   panel_.lblDisp[5].set(db_.Iter_Error[db_.Iter_No], imbalance);
@@ -112,14 +120,13 @@ void MDIAna::show_last_solution() {
   if (db_.Flag_Results == 0 && db_.Iter_No == 0) return;
   std::array<float, max_main_fans> press{};
   std::array<float, max_main_fans> flow{};
-  std::size_t fan = 0;
-  for (const Fan_Row& row : Fan_Rows(db_)) {
-    press[fan] = static_cast<float>(row.press);
-    flow[fan] = static_cast<float>(row.flow);
-    ++fan;
+  for (int f = 1; f <= db_.MFan_Total; ++f) {
+    const Fan_State state = Present_Fan_State(db_, f);
+    press[static_cast<std::size_t>(f - 1)] = static_cast<float>(-state.press);
+    flow[static_cast<std::size_t>(f - 1)] = static_cast<float>(state.flow);
   }
   panel_.lblDisp[3].set_lines(press.data(), db_.MFan_Total, fan_press);
-  if (!panel_.last_pass()) panel_.lblDisp[4].set_lines(flow.data(), db_.MFan_Total, fan_flow);
+  panel_.lblDisp[4].set_lines(flow.data(), db_.MFan_Total, fan_flow);
 }
 
 void MDIAna::Display_Data_Press() {
@@ -143,7 +150,9 @@ void MDIAna::Find(int number) {
 
 int MDIAna::selected_airway() const {
   const QModelIndex current = grdFlow->currentIndex();
-  return current.isValid() ? current.row() + Text_Grid::FixedRows : 0;
+  const bool chosen =
+      current.isValid() && grdFlow->selectionModel()->rowIntersectsSelection(current.row());
+  return chosen ? current.row() + Text_Grid::FixedRows : 0;
 }
 
 bool MDIAna::change_switch() {

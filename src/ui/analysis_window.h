@@ -20,7 +20,7 @@ class Grid_View;
 class MDIAna : public QWidget {
   Q_OBJECT
  public:
-  /// Database and panel must outlive the window. It shows what they hold.
+  /// Database and panel must outlive the window. It shows what they hold once it is loaded.
   MDIAna(Database& db, Analysis_Panel& panel, QWidget* parent = nullptr);
   MDIAna(const MDIAna&) = delete;
   MDIAna& operator=(const MDIAna&) = delete;
@@ -72,6 +72,8 @@ class MDIAna : public QWidget {
   void command(const QString& name);
   /// What the Edit commands work on: "pressure", "flow" or "none".
   void edit_target(const QString& tag);
+  /// A wetness option was clicked; Wet_Tag has it.
+  void wet_method_chosen();
   /// Set_Result_State has been called.
   void state_changed();
 

@@ -266,6 +266,10 @@ void Diagram_Chart::choose_tickers() {
 void Diagram_Chart::add_series() {
   const auto kind = diagram_.kind;
   std::size_t k = 0;
+  // Where one curve stands out, it alone is solid.
+  const bool one_stands_out = std::any_of(diagram_.series.begin(), diagram_.series.end(),
+                                          [](const Diagram_Series& series) { return series.main; });
+  std::size_t dash = one_stands_out ? 1 : 0;
   for (const Diagram_Series& series : diagram_.series) {
     // A curve keeps the order of its points.
     auto* const curve = new QCPCurve(xAxis, yAxis);
@@ -273,8 +277,8 @@ void Diagram_Chart::add_series() {
     for (const Diagram_Point& point : series.points) curve->addData(point.x, point.y);
     const QColor colour = look_.curves[k % look_.curves.size()];
     QPen pen(colour, series.main ? 3 : 2);
-    const QVector<qreal>& dashes = Dashes()[k % Dashes().size()];
-    if (!series.main && !dashes.isEmpty()) pen.setDashPattern(dashes);
+    const QVector<qreal>& dashes = Dashes()[series.main ? 0 : dash++ % Dashes().size()];
+    if (!dashes.isEmpty()) pen.setDashPattern(dashes);
     curve->setPen(pen);
     if (kind == Diagram_Kind::temp) {
       // Nodes stand in the order of their numbers: joined they would be a scribble.

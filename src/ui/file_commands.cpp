@@ -42,7 +42,9 @@ void BRANOK60::File_Open(int) {
   QFileDialog dialog(this, "Open File  - Select '*.abk' -  ");
   dialog.setFileMode(QFileDialog::ExistingFile);
   const std::filesystem::path file = Ask_File(dialog, last_folder_);
-  if (!file.empty()) read_file(file);
+  if (file.empty()) return;
+  last_folder_ = file.parent_path();
+  read_file(file);
 }
 
 void BRANOK60::open_file(const std::filesystem::path& file) {
@@ -87,22 +89,24 @@ bool BRANOK60::save(Save_Command command) {
   const std::filesystem::path file =
       command == Save_Command::save ? project_.file : ask_save_name();
   if (file.empty()) return false;
+  last_folder_ = file.parent_path();
   Busy busy(dialogue_);
   const bool saved = Save_Project(project_, file, folders_, settings_, dialogue_, command);
   busy.end();
   if (!saved) return false;
-  last_folder_ = project_.file.parent_path();
   dialogue_.remark("Saved " + project_.file.string());
   rebuild_recent_menu();
   refresh_status();
   return true;
 }
 
-// The dialog starts beside the open file, else in the last folder, else at home when that folder
-// cannot be written.
+// The dialog starts beside the open file, else in the last folder, else at home: where it can
+// write.
 std::filesystem::path BRANOK60::save_folder() const {
-  if (!project_.file.empty()) return project_.file.parent_path();
-  return Is_Writable(last_folder_) ? last_folder_ : To_Path(QDir::homePath());
+  for (const std::filesystem::path& folder : {project_.file.parent_path(), last_folder_}) {
+    if (!folder.empty() && Is_Writable(folder)) return folder;
+  }
+  return To_Path(QDir::homePath());
 }
 
 std::filesystem::path BRANOK60::ask_save_name() {
@@ -110,8 +114,9 @@ std::filesystem::path BRANOK60::ask_save_name() {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDirectory(Name_To_Qt(save_folder()));
-  // A stroke in the mine's name is no folder.
-  dialog.selectFile(To_Qt(Default_File_Name(project_.db)).replace('/', '-'));
+  // A stroke in the mine's name is no folder, and a mine without a name is no hidden file.
+  const QString name = To_Qt(Default_File_Name(project_.db)).replace('/', '-');
+  dialog.selectFile(name == ".abk" ? QString("mine.abk") : name);
   return Ask_File(dialog, {});
 }
 

@@ -52,10 +52,11 @@ void Grid_View::show_grid() {
   const QModelIndex current = currentIndex();
   const int row = current.isValid() ? current.row() : -1;
   const int column = current.isValid() ? current.column() : -1;
-  const int rows = model_.rowCount();
   model_.rows_changed();
   fit_columns();
-  if (row >= 0 && row < rows) setCurrentIndex(model_.index(row, column));
+  const bool same_rows = shown_rows_ == model_.rowCount();
+  shown_rows_ = model_.rowCount();
+  if (row >= 0 && same_rows) setCurrentIndex(model_.index(row, column));
   verticalScrollBar()->setValue(top);
   viewport()->update();
 }
@@ -126,7 +127,10 @@ void Grid_View::fit_columns() {
 
 void Grid_View::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
-  if (!currentIndex().isValid() && model_.rowCount() > 0) setCurrentIndex(model_.index(0, 1));
+  // The arrow keys start here; nothing is selected before the user has done so.
+  if (!currentIndex().isValid() && model_.rowCount() > 0) {
+    selectionModel()->setCurrentIndex(model_.index(0, 1), QItemSelectionModel::NoUpdate);
+  }
   emit focused();
 }
 

@@ -29,8 +29,8 @@ class Grid_View : public QTableView {
   /// The grid's current cell and selection as the user has set them on the screen.
   void take_selection();
 
-  /// Puts the selected block on the clipboard: cells separated by tabs, each row ended by CR in the
-  /// program's own form and by LF for others.
+  /// Puts the selected block on the clipboard: cells separated by tabs, each row ended by LF, as
+  /// spreadsheets take it.
   void copy_selection();
 
   /// Fits columns and row height to the present font. Columns that the user has dragged keep their
@@ -54,6 +54,7 @@ class Grid_View : public QTableView {
   void paint_corner();
 
   Text_Grid_Model model_;
+  int shown_rows_ = 0;
   QString empty_text_;
   QWidget* corner_ = nullptr;
   std::set<int> dragged_;  // columns whose width is the user's

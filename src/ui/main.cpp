@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "ui/icon.h"
 #include "ui/main_window.h"
+#include "ui/qt_text.h"
 
 namespace branok {
 
@@ -35,6 +36,7 @@ class Application : public QApplication {
     try {
       return QApplication::notify(receiver, event);
     } catch (const std::exception& fault) {
+      beep();
       QMessageBox::warning(activeWindow(), "BRANOK for Windows",
                            QString("Sorry, something failed: ") + fault.what());
     }
@@ -42,7 +44,15 @@ class Application : public QApplication {
   }
 };
 
-int Show_Window(int argc, char** argv, const std::filesystem::path& file) {
+// The mine that the command line names; Qt has taken its own options out.
+std::filesystem::path Named_Mine() {
+  for (const QString& word : QApplication::arguments().mid(1)) {
+    if (!word.startsWith('-')) return To_Path(word);
+  }
+  return {};
+}
+
+int Show_Window(int argc, char** argv) {
   qInstallMessageHandler(Say_Fault);
   Application application(argc, argv);
   QApplication::setApplicationName("BRANOK");
@@ -53,27 +63,23 @@ int Show_Window(int argc, char** argv, const std::filesystem::path& file) {
   const Program_Folders folders = Find_Program_Folders(Running_Program_Folder());
   BRANOK60 window(folders, Load_Settings(folders.Ini_Path()));
   window.show();
-  if (!file.empty()) QTimer::singleShot(0, &window, [&] { window.open_file(file); });
+  const std::filesystem::path mine = Named_Mine();
+  if (!mine.empty()) QTimer::singleShot(0, &window, [&] { window.open_file(mine); });
   return QApplication::exec();
 }
 
 int Run(int argc, char** argv) {
-  std::filesystem::path file;
-  for (int k = 1; k < argc; ++k) {
-    const std::string_view word = argv[k];
-    if (word == "--version") {
-      std::puts("branok " BRANOK_VERSION);
-      return 0;
-    }
-    if (word == "--help") {
-      std::puts("Usage: branok [FILE.abk]\nOpens the program, and in it the mine of the file.");
-      return 0;
-    }
-    if (word.starts_with("-")) continue;  // for Qt: -style, -geometry ...
-    if (file.empty()) file = word;
+  const std::string_view word = argc > 1 ? argv[1] : "";
+  if (word == "--version") {
+    std::puts("branok " BRANOK_VERSION);
+    return 0;
+  }
+  if (word == "--help") {
+    std::puts("Usage: branok [FILE.abk]\nOpens the program, and in it the mine of the file.");
+    return 0;
   }
   try {
-    return Show_Window(argc, argv, file);
+    return Show_Window(argc, argv);
   } catch (const std::exception& fault) {
     std::fprintf(stderr, "branok: %s\n", fault.what());
     return 1;

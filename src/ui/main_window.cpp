@@ -83,6 +83,7 @@ BRANOK60::BRANOK60(Program_Folders folders, Settings settings, QWidget* parent)
   window_activated();
   refresh_status();
   place_window();
+  QApplication::instance()->installEventFilter(this);
 }
 
 BRANOK60::~BRANOK60() {
@@ -296,8 +297,9 @@ void BRANOK60::show_analysis_state() {
   set_edit_tag(grid ? QString::fromStdString(page) : QString("none"));
   Set_Edit_Menu_State(analysis, grid, false, grid, false);
   Set_Toolbar_State(analysis, grid, false, grid, false, false, false, analysis);
-  enable("mnuAnalysisComAnnual", panel_.mnuAnalysisComAnnual);
-  enable("mnuAnalysisComDiagram", panel_.mnuAnalysisComDiagram);
+  enable("mnuAnalysisComAnnual", panel_.mnuAnalysisComAnnual && project_.db.Flag_Results != 0);
+  // How a run that failed went on is what the engineer wants to see most.
+  enable("mnuAnalysisComDiagram", panel_.mnuAnalysisComDiagram || project_.db.Iter_No > 1);
   enable("mnuAnalysisComLeng", panel_.mnuAnalysisComLeng);
   enable("mnuAnalysisComGraph", panel_.mnuAnalysisComGraph);
 }
@@ -323,16 +325,22 @@ void BRANOK60::rebuild_recent_menu() {
 }
 
 void BRANOK60::refresh_windows() {
-  outdated_.clear();
+  old_flow_.clear();
+  old_temp_.clear();
   panel_.reset(project_.db);
+  take_season();
   if (analysis_ != nullptr) analysis_->load();
   show_analysis_state();
   refresh_status();
 }
 
 void BRANOK60::refresh_status() {
-  if (project_.db.Flag_Results == 0) outdated_.clear();
-  status_->show_mine(project_.db, project_.file, outdated_);
+  if (project_.db.Flag_Results == 0) {
+    old_flow_.clear();
+    old_temp_.clear();
+  }
+  status_->show_mine(project_.db, project_.file, season_,
+                     old_flow_.empty() ? old_temp_ : old_flow_);
 }
 
 // --- Events
@@ -354,6 +362,36 @@ void BRANOK60::closeEvent(QCloseEvent* event) {
   }
   if (help_ != nullptr) help_->close();
   event->accept();
+}
+
+// The visible top menu that Alt and this key open, or null.
+QAction* BRANOK60::menu_of_letter(const QKeyEvent& key) const {
+  if (key.modifiers() != Qt::AltModifier || !isActiveWindow() ||
+      QApplication::activePopupWidget() != nullptr) {
+    return nullptr;
+  }
+  for (QAction* const top : menuBar()->actions()) {
+    const QKeySequence letter = QKeySequence::mnemonic(top->text());
+    if (top->isVisible() && letter == QKeySequence(Qt::ALT | key.key())) return top;
+  }
+  return nullptr;
+}
+
+// Captions of menus and of controls share letters ("&Analysis", "&Area Ratio"). The menus have
+// them, so that a key always does the same.
+bool BRANOK60::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    if (menu_of_letter(*static_cast<QKeyEvent*>(event)) != nullptr) {
+      event->accept();
+      return true;
+    }
+  } else if (event->type() == QEvent::KeyPress) {
+    if (QAction* const top = menu_of_letter(*static_cast<QKeyEvent*>(event))) {
+      menuBar()->setActiveAction(top);
+      return true;
+    }
+  }
+  return QMainWindow::eventFilter(object, event);
 }
 
 void BRANOK60::changeEvent(QEvent* event) {

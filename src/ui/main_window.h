@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/settings.h"
@@ -18,6 +19,7 @@
 #include "ui/qt_dialogue.h"
 
 class QAction;
+class QKeyEvent;
 class QToolBar;
 
 namespace branok {
@@ -45,6 +47,9 @@ class BRANOK60 : public QMainWindow {
 
   /// Opens a data file, as File Open does once it has the name.
   void open_file(const std::filesystem::path& file);
+
+  /// The open mine.
+  [[nodiscard]] Project& project() { return project_; }
 
   // --- What is enabled and what is visible
 
@@ -109,6 +114,7 @@ class BRANOK60 : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -118,6 +124,7 @@ class BRANOK60 : public QMainWindow {
   void build_toolbar();
   void build_middle();
   void place_window();
+  [[nodiscard]] QAction* menu_of_letter(const QKeyEvent& key) const;
 
   QAction* action(const char* name, int index = -1) const;
   QAction* tool(const char* key) const;
@@ -144,7 +151,9 @@ class BRANOK60 : public QMainWindow {
   [[nodiscard]] std::filesystem::path save_folder() const;
 
   MDIAna& analysis_window();
-  void run_analysis(const std::function<bool()>& calculation);
+  void run_analysis(const std::function<void()>& calculation);
+  void take_season();
+  void wet_method_chosen();
   void draw_diagram(Diagram_Kind kind);
 
   Project project_;
@@ -153,7 +162,10 @@ class BRANOK60 : public QMainWindow {
   Qt_Dialogue dialogue_;
   Analysis_Panel panel_;
   std::filesystem::path last_folder_;  // of the file dialogs
-  std::string outdated_;               // why the results are no longer those of the data; or empty
+  // Why flows or temperatures no longer are those of the data; empty when they are.
+  std::string old_flow_, old_temp_;
+  std::string season_;         // of seasonal results; the parameters name the one to calculate next
+  std::optional<QFont> font_;  // chosen for grids and labels
 
   QMdiArea* area_ = nullptr;
   QToolBar* tlbBRANOK_ = nullptr;

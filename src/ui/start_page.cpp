@@ -51,14 +51,19 @@ void Start_Page::show_recent(const Settings& settings) {
     const std::string& name = settings.Recent_File.at(static_cast<std::size_t>(row));
     if (name.empty()) continue;
     const QFileInfo file(QString::fromStdString(name));
-    add(QString("Open %1 again").arg(file.fileName().replace('&', "&&")), "open", "cmdStartRecent",
-        "mnuFileComPrefile", row);
-    findChild<QCommandLinkButton*>("cmdStartRecent" + QString::number(row))
-        ->setDescription(file.absolutePath());
+    const auto cut = [this](const QString& text) {
+      return fontMetrics().elidedText(text, Qt::ElideMiddle, fontMetrics().averageCharWidth() * 40);
+    };
+    add(QString("Open %1 again").arg(cut(file.fileName()).replace('&', "&&")), "open",
+        "cmdStartRecent", "mnuFileComPrefile", row);
+    auto* const button = findChild<QCommandLinkButton*>("cmdStartRecent" + QString::number(row));
+    button->setDescription(cut(file.absolutePath()));
+    button->setToolTip(file.filePath());
   }
   add("Analyse the present mine (Ctrl+2)", "window-analysis", "cmdStartAnalysis", "mnuWinSelCom",
       1);
   add("Read the guide (F1)", "help", "cmdStartHelp", "mnuHelpComBRN", -1);
+  findChild<QCommandLinkButton*>("cmdStartOpen")->setFocus();
 }
 
 }  // namespace branok

@@ -10,23 +10,39 @@
 namespace branok {
 
 namespace {
+
 constexpr int clock_period = 1000;  // ms
-constexpr int longest_file = 40;    // characters
+
+// A line end in a name must not make the bar higher.
+QString One_Line(QString text) {
+  for (QChar& c : text) {
+    if (c < QChar(' ')) c = ' ';
+  }
+  return text;
+}
+
+// All air at the intake's average, as Set Const. Temp and a flow run from fresh start values leave
+// it. The kind of the temperature run before stays with such results; it would mislead.
+bool Has_Constant_Temp(const Database& db) {
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    if (db.Node_JuncCount[i] > 0 && db.Node_DBT[i] != db.Para_IntakeTemp) return false;
+  }
+  return true;
+}
+
+std::string Kind_Of_Results(const Database& db, const std::string& season) {
+  if (db.Flag_Annual != 1 && db.Flag_Season != 1) return "Flow";
+  if (Has_Constant_Temp(db)) return "Flow at constant temperature";
+  return db.Flag_Annual == 1 ? "Annual" : season;
+}
+
 }  // namespace
 
-std::string Results_Text(const Database& db, const std::string& outdated) {
+std::string Results_Text(const Database& db, const std::string& season,
+                         const std::string& outdated) {
   if (db.Node_Total == 0) return "No mine open";
-  std::string text = "No results";
-  if (db.Flag_Results != 0) {
-    text = "Results: ";
-    if (db.Flag_Annual == 1) {
-      text += "Annual";
-    } else if (db.Flag_Season == 1) {
-      text += Trim(Season_Of(db));
-    } else {
-      text += "Flow";
-    }
-  }
+  std::string text =
+      db.Flag_Results == 0 ? "No results" : "Results: " + Kind_Of_Results(db, season);
   if (!outdated.empty()) text += ", out of date: " + outdated;
   return text;
 }
@@ -62,7 +78,7 @@ QLabel* Status_Bar::field(const char* name, const QString& tip) {
 
 void Status_Bar::show_remark(const QString& text) {
   if (text.isEmpty() || remarks_.contains(text)) return;
-  remarks_ << text;
+  remarks_ << One_Line(text);
   remark_->setToolTip(remarks_.join('\n'));
   const QString more = remarks_.size() > 1 ? QString(" (+%1)").arg(remarks_.size() - 1) : QString();
   // A long remark is cut at the end; the tool tip has all of it.
@@ -77,19 +93,25 @@ void Status_Bar::clear_remarks() {
 }
 
 void Status_Bar::show_mine(const Database& db, const std::filesystem::path& file,
-                           const std::string& outdated) {
-  mine_->setText(To_Qt(Trim(db.Mine_Name)));
-  file_name_ = file.empty() ? QString("not saved") : Name_To_Qt(file);
+                           const std::string& season, const std::string& outdated) {
+  mine_name_ = One_Line(To_Qt(Trim(db.Mine_Name)));
+  file_name_ = file.empty() ? QString("not saved") : One_Line(Name_To_Qt(file));
+  results_text_ = To_Qt(Results_Text(db, season, outdated));
+  mine_->setToolTip(mine_name_);
   file_->setToolTip(file_name_);
-  fit_file();
-  results_->setText(To_Qt(Results_Text(db, outdated)));
+  results_->setToolTip(results_text_);
+  fit_fields();
 }
 
-// The end of a long file name tells more than its beginning.
-void Status_Bar::fit_file() {
-  const int width = fontMetrics().averageCharWidth() * longest_file;
-  file_->setText(
-      fontMetrics().elidedText(file_name_, Qt::ElideLeft, std::min(width, this->width() / 3)));
+// Long texts are cut, so that they never make the window wider; the tool tips have all of them. The
+// end of a file name tells more than its beginning.
+void Status_Bar::fit_fields() {
+  const auto cut = [this](const QString& text, Qt::TextElideMode mode, int part) {
+    return fontMetrics().elidedText(text, mode, this->width() / part);
+  };
+  mine_->setText(cut(mine_name_, Qt::ElideRight, 8));
+  file_->setText(cut(file_name_, Qt::ElideLeft, 4));
+  results_->setText(cut(results_text_, Qt::ElideRight, 2));
 }
 
 void Status_Bar::show_keyboard() {
@@ -108,7 +130,7 @@ void Status_Bar::timerEvent(QTimerEvent* event) {
 
 void Status_Bar::resizeEvent(QResizeEvent* event) {
   QStatusBar::resizeEvent(event);
-  fit_file();
+  fit_fields();
 }
 
 }  // namespace branok

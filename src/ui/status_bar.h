@@ -13,8 +13,10 @@
 namespace branok {
 
 /// The state of the results in words: "No results", "Results: Flow", "Results: Annual", "Results:
-/// mid Summer"; behind them, when the data have changed since, that they are out of date and why.
-std::string Results_Text(const Database& db, const std::string& outdated);
+/// mid Summer" (`season`); behind them, when the data have changed since, that they are out of date
+/// and why.
+std::string Results_Text(const Database& db, const std::string& season,
+                         const std::string& outdated);
 
 class Status_Bar : public QStatusBar {
   Q_OBJECT
@@ -25,7 +27,7 @@ class Status_Bar : public QStatusBar {
   void show_remark(const QString& text);
   void clear_remarks();
 
-  void show_mine(const Database& db, const std::filesystem::path& file,
+  void show_mine(const Database& db, const std::filesystem::path& file, const std::string& season,
                  const std::string& outdated);
 
   /// Reads the state of the lock keys and shows it.
@@ -37,7 +39,7 @@ class Status_Bar : public QStatusBar {
 
  private:
   void show_time();
-  void fit_file();
+  void fit_fields();
 
   QLabel* field(const char* name, const QString& tip);
 
@@ -49,7 +51,7 @@ class Status_Bar : public QStatusBar {
   QLabel* caps_;
   QLabel* num_;
   QLabel* time_;
-  QString file_name_;
+  QString mine_name_, file_name_, results_text_;  // in full
   QBasicTimer clock_;
 };
 

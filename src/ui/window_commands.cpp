@@ -17,10 +17,13 @@ void BRANOK60::Edit_Copy(int) {
 void BRANOK60::Option_Tool(int) { tlbBRANOK_->setVisible(action("mnuOptionComTool")->isChecked()); }
 
 void BRANOK60::Option_Font(int) {
-  QFontDialog dialog(analysis_ != nullptr ? analysis_->font() : font(), this);
+  QFontDialog dialog(font_.value_or(font()), this);
   dialog.setObjectName("cmnDlgBRANOK");
   if (dialog.exec() != QDialog::Accepted) return;
-  if (window_tag() == "analysis") analysis_window().apply_font(dialog.selectedFont());
+  const QFont chosen = dialog.selectedFont();
+  font_ = QFont(chosen.family(), chosen.pointSize(), chosen.bold() ? QFont::Bold : QFont::Normal,
+                chosen.italic());
+  if (window_tag() == "analysis") analysis_window().apply_font(*font_);
 }
 
 void BRANOK60::Window_Cascade(int) { area_->cascadeSubWindows(); }

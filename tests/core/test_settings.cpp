@@ -144,6 +144,12 @@ TEST_F(Folders, follow_BRANOK_HOME) {
   EXPECT_EQ(Find_Program_Folders(program_).installed_file("DATA"), program_ / "DATA");
 }
 
+TEST_F(Folders, leave_a_BRANOK_HOME_that_cannot_be_written) {
+  Write_Whole(place_ / "file", "");
+  ::setenv("BRANOK_HOME", (place_ / "file" / "below").c_str(), 1);
+  EXPECT_EQ(Find_Program_Folders(program_).own, place_ / "data" / "branok");
+}
+
 TEST_F(Folders, of_the_running_program_hold_it) {
   EXPECT_TRUE(fs::is_directory(Running_Program_Folder()));
 }

@@ -133,14 +133,16 @@ TEST(Analysis_Panel_Alone, OutlivesItsWindow) {
   panel.reset(db);
   Test_Dialogue dialogue;
   {
-    const MDIAna window(db, panel);
+    MDIAna window(db, panel);
+    window.load();
     ASSERT_TRUE(Ana_Flow_Press(db, dialogue, panel).ok());
   }
   panel.show_all();
   panel.Set_Result_State("Flow-Given");
   const std::string flow = panel.lblDisp[4].text();
   const std::string node = panel.lblDisp[6].text();
-  const MDIAna again(db, panel);
+  MDIAna again(db, panel);
+  again.load();
   EXPECT_EQ(again.findChild<QLabel*>("lblDisp0")->text(), "for given Thermal Conditions");
   EXPECT_EQ(again.findChild<QLabel*>("lblDisp1")->text().toInt(), db.Iter_No);
   EXPECT_EQ(again.findChild<QLabel*>("lblDisp4")->text().toStdString(), flow);

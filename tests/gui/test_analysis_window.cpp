@@ -29,6 +29,7 @@ class Analysis : public testing::Test {
     db = std::move(mine);
     panel.reset(db);
     window = std::make_unique<MDIAna>(db, panel);
+    window->load();
     window->resize(900, 600);
     window->show();
     // Where no window manager does it.
@@ -96,7 +97,7 @@ TEST_F(Analysis, ButtonsGiveTheirMenuCommands) {
         {"Com_Calc_Season", "Calc Seasonal Var.", "mnuAnalysisComMonthly"},
         {"Com_Set_Temp", "Set Const. Temp", "mnuAnalysisComSetConst_Temp"},
         {"Com_EditPara", "Edit Para.", "mnuAnalysisComPara"},
-        {"Com_Fan_Diagram", "Fan &Diagram...", "fan_diagram"}}) {
+        {"Com_Fan_Diagram", "Fan D&iagram...", "fan_diagram"}}) {
     auto* const button = find<QPushButton>(name);
     EXPECT_EQ(button->text(), caption);
     QTest::mouseClick(button, Qt::LeftButton);
@@ -291,6 +292,7 @@ std::string Cut_Labels(const MDIAna& window) {
     std::string names;
     for (const QLabel* label : window.findChildren<QLabel*>()) {
       const QSize text = label->fontMetrics().size(0, label->text());
+      if (label->text().isEmpty()) continue;
       if (label->width() < text.width() || label->height() < label->fontMetrics().height()) {
         names += label->objectName().toStdString() + ' ';
       }
@@ -456,6 +458,10 @@ TEST_F(Analysis, TheFontGoesToGridsAndLabels) {
   EXPECT_EQ(airways()->font().pointSize(), font.pointSize());
   for (const QLabel* label : window->findChildren<QLabel*>()) {
     EXPECT_EQ(label->font().pointSize(), font.pointSize()) << label->objectName().toStdString();
+  }
+  for (const char* const columns : {"lblDisp7", "lblTitle14"}) {
+    const QFontMetrics metrics(find<QLabel>(columns)->font());
+    EXPECT_EQ(metrics.horizontalAdvance('i'), metrics.horizontalAdvance('W')) << columns;
   }
   EXPECT_EQ(Cut_Labels(*window), "");
 }

@@ -1,4 +1,6 @@
 // The File menu: open, save, recent files, new, and what may go wrong with them.
+#include <sys/stat.h>
+
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -79,6 +81,63 @@ TEST_F(File_Commands, A_Recent_File_That_Has_Gone_Leaves_All_As_It_Was) {
             "Not found \"" + (home_ / "mine-a.abk").string() + "\"file.\nPlease Try Again.");
   EXPECT_EQ(status("stbMine"), mine_before);
   EXPECT_TRUE(action("mnuFileComPrefile1")->isVisible()) << "the entry stays";
+}
+
+TEST_F(File_Commands, What_Is_No_File_In_The_Place_Of_A_Recent_One_Leaves_All_As_It_Was) {
+  open(mine("mine-a.abk"));
+  open(mine("mine-c.abk"));
+  const auto gone = home_ / "mine-a.abk";
+  std::filesystem::remove(gone);
+  std::filesystem::create_directory(gone);
+  give("mnuFileComPrefile1");
+  EXPECT_TRUE(user_.saw("Not found"));
+  std::filesystem::remove(gone);
+  ASSERT_EQ(::mkfifo(gone.c_str(), 0600), 0);
+  give("mnuFileComPrefile1");  // nobody will ever write into this pipe
+  EXPECT_EQ(user_.boxes.size(), 2U);
+  EXPECT_TRUE(control<QLabel>("stbFile")->toolTip().endsWith("mine-c.abk"));
+}
+
+TEST_F(File_Commands, The_Dialog_Starts_In_The_Last_Folder_After_A_Failure_Too) {
+  std::filesystem::create_directory(home_ / "sub");
+  std::ofstream(home_ / "sub" / "bad.abk") << "BRANOK Data File Version 6\r\nx";
+  open(home_ / "sub" / "bad.abk");
+  user_.dialogs.push_back([&](QDialog& dialog) {
+    EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().absolutePath().toStdString(),
+              (home_ / "sub").string());
+    dialog.reject();
+  });
+  give("mnuFileComOpen");
+}
+
+TEST_F(File_Commands, The_Reason_Stands_In_The_Status_Bar_While_The_Box_Is_Read) {
+  std::ofstream(home_ / "bad.abk") << "BRANOK Data File Version 6\r\nx";
+  QString remark;
+  user_.look = [&](QWidget& box) {
+    if (qobject_cast<QMessageBox*>(&box) != nullptr) remark = status("stbRemark");
+  };
+  open(home_ / "bad.abk");
+  EXPECT_TRUE(remark.startsWith("bad.abk, line 2: ")) << qPrintable(remark);
+}
+
+TEST_F(File_Commands, A_New_Mine_Saves_Again_Although_Its_Comments_Cannot_Be_Kept) {
+  std::filesystem::create_directory(folders().user_template());
+  std::ofstream(folders().user_template() / "inside") << "x";
+  user_.answers = {QMessageBox::No, QMessageBox::No};
+  choose(home_ / "new.abk");
+  give("mnuFileComSave");
+  const std::string first = bytes(home_ / "new.abk");
+  give("mnuFileComSave");
+  EXPECT_EQ(user_.dialogs_seen.size(), 1U) << "no name is asked for again";
+  EXPECT_EQ(bytes(home_ / "new.abk"), first);
+}
+
+TEST_F(File_Commands, A_Name_That_The_Settings_Cannot_Hold_Is_No_Recent_One) {
+  const auto odd = home_ / "two\nlines.abk";
+  std::filesystem::copy_file(mine("mine-a.abk"), odd);
+  open(odd);
+  EXPECT_FALSE(action("mnuFileComPrefile0")->isVisible());
+  EXPECT_FALSE(status("stbFile").contains('\n'));
 }
 
 TEST_F(File_Commands, A_File_That_Is_No_Data_File_Is_Refused_Without_A_Box) {

@@ -1,5 +1,8 @@
 // The main window: its menus and toolbar, what is enabled when, settings, the exit question.
-#include "core/messages.h"
+#include <QClipboard>
+#include <QRadioButton>
+#include <map>
+
 #include "main_window_test.h"
 
 namespace branok {
@@ -290,6 +293,15 @@ TEST_F(Main_Window, Ctrl_F4_Closes_The_Child_Window) {
   QTRY_VERIFY_WITH_TIMEOUT(analysis() == nullptr, 2000);
 }
 
+TEST_F(Main_Window, Keys_Turn_The_Pages_Of_The_Analysis_Window) {
+  give("mnuWinSelCom1");
+  const auto* const tabs = control<QTabWidget>("tabAna");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(tabs->currentIndex(), 1);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(tabs->currentIndex(), 0);
+}
+
 TEST_F(Main_Window, Edit_Commands_Follow_The_Page_In_Front) {
   give("mnuWinSelCom1");
   auto* const tabs = control<QTabWidget>("tabAna");
@@ -342,10 +354,12 @@ TEST_F(Main_Window, Hiding_The_Toolbar_Keeps_All_Commands) {
   give("mnuOptionComTool");
   EXPECT_FALSE(bar->isVisible());
   EXPECT_FALSE(action("mnuOptionComTool")->isChecked());
-  for (const char* const name :
-       {"mnuFileComNew", "mnuFileComOpen", "mnuFileComSave", "mnuHelpComBRN"}) {
-    EXPECT_TRUE(action(name)->isEnabled());
+  for (const Tool& line : Toolbar_Keys()) {
+    if (*line.command == '\0') continue;
+    EXPECT_NE(action(line.command), nullptr) << line.command;
   }
+  give("mnuFileComOpen");
+  EXPECT_EQ(user_.dialogs_seen.size(), 1U);
   give("mnuOptionComTool");
   EXPECT_TRUE(bar->isVisible());
 }
@@ -398,6 +412,25 @@ TEST_F(Main_Window, Windows_Are_Arranged) {
 
 // --- Settings and exit
 
+TEST_F(Main_Window, Letters_Of_Menus_Go_Before_Those_Of_Controls) {
+  give("mnuWinSelCom1");
+  give("mnuAnalysisComPress");
+  auto* const area = control<QRadioButton>("optWetR0");
+  auto* const evaporative = control<QRadioButton>("optWetR1");
+  const bool before = area->isChecked();
+  for (const auto& [key, name] : {std::pair(Qt::Key_A, "mnuAnalysisCom"),
+                                  {Qt::Key_E, "mnuEditCom"},
+                                  {Qt::Key_W, "mnuWindowCom"}}) {
+    QTest::keyClick(QApplication::focusWidget(), key, Qt::AltModifier);
+    EXPECT_TRUE(window_->findChild<QMenu*>(name)->isVisible()) << name;
+    QTest::keyClick(window_->findChild<QMenu*>(name), Qt::Key_Escape);
+    QTest::keyClick(window_->menuBar(), Qt::Key_Escape);
+  }
+  EXPECT_EQ(area->isChecked(), before);
+  EXPECT_FALSE(area->hasFocus());
+  EXPECT_FALSE(evaporative->hasFocus());
+}
+
 TEST_F(Main_Window, Exit_Asks_And_No_Keeps_The_Window) {
   user_.answers = {QMessageBox::No};
   give("mnuFileComExit");
@@ -412,8 +445,104 @@ TEST_F(Main_Window, Exit_Asks_And_No_Keeps_The_Window) {
 }
 
 TEST_F(Main_Window, Exit_Warns_After_A_Check) {
-  EXPECT_EQ(messages::Ask_Exit(true).text,
+  window_->project().db.Check_Count = 1;
+  user_.answers = {QMessageBox::No};
+  window_->close();
+  ASSERT_EQ(user_.boxes.size(), 1U);
+  EXPECT_EQ(user_.boxes[0].text,
             "The edited Data may be lost.\nDo you really want to exit the application?");
+}
+
+TEST_F(Main_Window, Every_Command_Is_Named_In_Its_Fault) {
+  const std::map<std::string, std::string> traps = {
+      {"mnuFileComOpen", "'Open...'"},
+      {"mnuFileComSave", "'Save'"},
+      {"mnuFileComSaveAs", "'Save As...'"},
+      {"mnuFileComImport", "'Import...'"},
+      {"mnuFileComExport", "'Export...'"},
+      {"mnuFileComPrefile", "'Open...'"},
+      {"mnuEditComCut", "Cut command"},
+      {"mnuEditComCopy", "Copy command"},
+      {"mnuEditComPaste", "Paste command"},
+      {"mnuEditComInsert1", "Insert Row command"},
+      {"mnuEditComDel1", "Delete Row command"},
+      {"mnuDataComGraph", "Fan Diagram menu"},
+      {"mnuDataCalc", "Calcurate menu"},
+      {"mnuDataWend", "Winding menu"},
+      {"mnuDataKind", "Support Kind menu"},
+      {"mnuDataShape", "Shape menu"},
+      {"mnuAnalysisComDisp", "Display Analysis menu"},
+      {"mnuAnalysisComDiagram", "Press. Diagram menu"},
+      {"mnuAnalysisComGraph", "Display Temp. menu"},
+      {"mnuAnalysisComLeng", "Display Temp. menu"},
+      {"mnuAnalysisComSwitch", "Change Switch menu"},
+      {"mnuAnalysisComPara", "Edit Parameter menu"},
+      {"mnuGraphComColor", "Color Setting menu"},
+      {"mnuGraphNode_Info", "Graphic Node_Info menu"},
+      {"mnuGraphComRoll", "Auto Rolling command"},
+      {"mnuGraphComSave", "'Save Picture...'"},
+      {"mnuCADAirway_Info", "CAD Airway_Info menu"},
+      {"mnuCADComSave", "'Save Picture...'"},
+      {"mnuCADComDel", "Delete Node menu"},
+      {"mnuCADComFrm", "Edit Frame menu"},
+      {"mnuCADComRenum_Node", "Renumbering Nodal menu"},
+      {"mnuOptionComTool", "ToolBar View menu"},
+      {"mnuOptionComFont", "'Font...'"},
+      {"mnuWinSelCom", "Select Window menu"},
+      {"mnuHelpComAbout", "About command"}};
+  std::size_t named = 0;
+  for (const Top_Menu& menu : Menu_Bar()) {
+    for (const Menu_Entry& entry : menu.entries) {
+      if (entry.item != Item::command) continue;
+      EXPECT_STRNE(entry.trap, "") << entry.name;
+      const auto told = traps.find(entry.name);
+      if (told == traps.end()) continue;
+      EXPECT_EQ(entry.trap, told->second) << entry.name;
+      named += entry.index < 1 ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(named, traps.size());
+}
+
+TEST_F(Main_Window, A_Fault_Of_A_Command_Names_It) {
+  give("mnuWinSelCom1");
+  window_->project().db.MFan_Total = 0;
+  give("mnuDataComGraph");
+  ASSERT_EQ(user_.boxes.size(), 1U);
+  EXPECT_EQ(user_.boxes[0].text,
+            "Calculation Error about Fan Diagram menu occurred, please check data !\n"
+            "[ Recommendation: For security of data, \nsave data as another group!]");
+  EXPECT_EQ(user_.boxes[0].icon, QMessageBox::Warning);
+}
+
+TEST_F(Main_Window, Toolbar_Buttons_Give_Their_Commands) {
+  tool("open")->click();
+  EXPECT_EQ(user_.dialogs_seen, std::vector<QString>{"cmnDlgBRANOK"});
+  user_.answers = {QMessageBox::No};
+  tool("save")->click();
+  EXPECT_TRUE(user_.saw("You have not checked Network Data."));
+  give("mnuWinSelCom1");
+  auto* const grid = control<Grid_View>("grdPress");
+  give("mnuAnalysisComPress");
+  window_->project().db.Node_Press[1] = -12.5;
+  tool("refresh")->click();
+  EXPECT_EQ(grid->model()->index(0, 1).data().toString(), "-12.50");
+  control<QTabWidget>("tabAna")->setCurrentIndex(1);
+  grid->setCurrentIndex(grid->model()->index(0, 1));
+  tool("copy")->click();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "-12.50\n");
+  tool("new")->click();
+  EXPECT_EQ(analysis(), nullptr);
+}
+
+TEST_F(Main_Window, Long_Texts_Do_Not_Widen_The_Window) {
+  const int width = window_->width();
+  give("mnuWinSelCom1");
+  window_->project().db.Mine_Name = std::string(400, 'W');
+  give("mnuAnalysisComPress");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window_->width(), width);
+  EXPECT_TRUE(control<QLabel>("stbMine")->toolTip().startsWith("WWW"));
 }
 
 TEST_F(Main_Window, Exit_Writes_The_Settings) {

@@ -1,10 +1,14 @@
 // A mine analysed in the windows, against the same run without them.
+#include <QListWidget>
 #include <QRadioButton>
 #include <sstream>
 
 #include "batch/commands.h"
 #include "core/pictures.h"
+#include "files/ver6.h"
 #include "main_window_test.h"
+#include "support/test_doors.h"
+#include "ui/value_grid.h"
 
 namespace branok {
 namespace {
@@ -66,6 +70,28 @@ class Runs : public Main_Window {
     }
   }
 };
+
+// The first fan's head-flow rows all get the flow of the first.
+void Break_Fan_Table(const std::filesystem::path& file) {
+  Database db;
+  Reset_Database(db);
+  Comment_Template comments;
+  Test_Dialogue quiet;
+  ASSERT_TRUE(Read_Ver6(db, file, comments, quiet).ok);
+  for (int k = 1; k <= db.MFan_HQCount[1]; ++k) db.MFan_HQ_Flow(k, 1) = 100;
+  ASSERT_TRUE(Write_Ver6(db, file, comments, quiet));
+}
+
+// A copy of the mine in which a connection names a node beyond the last.
+void Lead_To_Nowhere(const std::filesystem::path& good, const std::filesystem::path& bad) {
+  Database db;
+  Reset_Database(db);
+  Comment_Template comments;
+  Test_Dialogue quiet;
+  ASSERT_TRUE(Read_Ver6(db, good, comments, quiet).ok);
+  db.Node_Junc(1, 5) = 500;
+  ASSERT_TRUE(Write_Ver6(db, bad, comments, quiet));
+}
 
 TEST_F(Runs, Flow_Annual_And_Season_Agree_With_The_Batch_Program_And_Survive_A_Save) {
   const auto file = mine("mine-a.abk");
@@ -210,6 +236,9 @@ TEST_F(Runs, Change_Switch_Writes_Both_Ends_And_Tells_That_Results_Are_Old) {
   give("mnuAnalysisComSwitch");
   EXPECT_EQ(status("stbResults"), "Results: Flow") << "no row, no change";
   control<QTabWidget>("tabAna")->setCurrentIndex(2);
+  control<Grid_View>("grdFlow")->setFocus();
+  give("mnuAnalysisComSwitch");
+  EXPECT_EQ(status("stbResults"), "Results: Flow") << "a row that has only the keyboard";
   auto* const grid = control<Grid_View>("grdFlow");
   const QString name = rows("grdFlow")[4][0];
   grid->setCurrentIndex(grid->model()->index(4, 1));
@@ -230,7 +259,99 @@ TEST_F(Runs, Changed_Parameters_Make_Results_Old_And_Leave_Them) {
   give("mnuAnalysisComPara");  // Escape
   EXPECT_EQ(user_.dialogs_seen.back(), "DlgCPara");
   EXPECT_EQ(status("stbResults"), "Results: Flow");
+  const auto fix = [&](const std::function<void(QDialog&)>& change) {
+    user_.dialogs.push_back([change](QDialog& dialog) {
+      change(dialog);
+      dialog.findChild<QPushButton*>("cmdOK")->click();
+    });
+    give("mnuAnalysisComPara");
+  };
+  fix([](QDialog&) {});
+  EXPECT_EQ(status("stbResults"), "Results: Flow") << "nothing was changed";
+  fix([](QDialog& dialog) { dialog.findChild<QListWidget*>("lstSeason")->setCurrentRow(3); });
+  EXPECT_EQ(status("stbResults"), "Results: Flow") << "the month is of the next season";
+  constexpr int rock_temp = 6;
+  fix([](QDialog& dialog) {
+    dialog.findChild<Value_Grid*>("grdPara")->set_value(rock_temp, "21");
+  });
+  EXPECT_EQ(status("stbResults"), "Results: Flow, out of date: parameters were changed");
   EXPECT_EQ(rows("grdFlow"), before);
+}
+
+TEST_F(Runs, What_Is_Out_Of_Date_Is_Told_Until_It_Is_Calculated_Again) {
+  open(mine("mine-a.abk"));
+  give("mnuAnalysisComPress");
+  give("mnuAnalysisComAnnual");
+  give("mnuAnalysisComSetConst_Temp");
+  EXPECT_EQ(status("stbResults"),
+            "Results: Flow at constant temperature, out of date: constant temperatures were set");
+  user_.answers = {QMessageBox::No, QMessageBox::Ok};
+  give("mnuAnalysisComPress");
+  EXPECT_EQ(status("stbResults"), "Results: Flow at constant temperature");
+  give("mnuAnalysisComAnnual");
+  EXPECT_EQ(status("stbResults"), "Results: Annual");
+  user_.answers = {QMessageBox::Yes, QMessageBox::No};
+  give("mnuAnalysisComMonthly");
+  EXPECT_EQ(status("stbResults"),
+            "Results: mid Autumn, out of date: the flow is not of this season");
+  user_.answers = {QMessageBox::Yes, QMessageBox::Ok};
+  give("mnuAnalysisComPress");
+  EXPECT_EQ(status("stbResults"), "Results: mid Autumn");
+}
+
+TEST_F(Runs, A_Failed_Flow_Run_Closes_The_Temperature_Commands) {
+  // Two equal flows in the fan's table: no curve.
+  const auto file = mine("mine-a.abk");
+  open(file);
+  give("mnuAnalysisComPress");
+  EXPECT_TRUE(action("mnuAnalysisComAnnual")->isEnabled());
+  give("mnuAnalysisComPara");
+  Break_Fan_Table(file);
+  open(file);
+  give("mnuAnalysisComPress");
+  EXPECT_TRUE(user_.saw("Calculation Error about Gauss Reduction occurred, please check data !"));
+  EXPECT_EQ(status("stbResults"), "No results");
+  EXPECT_FALSE(action("mnuAnalysisComAnnual")->isEnabled());
+  EXPECT_FALSE(control<QPushButton>("Com_Calc_Annu")->isEnabled());
+  EXPECT_EQ(analysis()->property("Tag").toString(), "none");
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  // The diagram of such a fan is a message too.
+  user_.boxes.clear();
+  give("mnuDataComGraph");
+  EXPECT_TRUE(user_.saw("Calculation Error about Gauss Reduction"));
+}
+
+TEST_F(Runs, A_Mine_With_An_Airway_To_Nowhere_Is_Told_With_And_Without_A_Window) {
+  const auto good = mine("mine-a.abk");
+  open(good);
+  give("mnuAnalysisComPress");
+  user_.answers = {QMessageBox::No};
+  give("mnuFileComSave");
+  const auto bad = home_ / "bad.abk";
+  Lead_To_Nowhere(good, bad);
+  open(bad);
+  EXPECT_TRUE(user_.saw("Sorry, failed 'Open...' command."));
+  EXPECT_TRUE(rows("grdPress").empty() || rows("grdFlow").empty());
+  for (const QStringList& row : rows("grdFlow")) EXPECT_FALSE(row[8].isEmpty());
+  window_->findChild<QMdiArea*>()->closeAllSubWindows();
+  QTRY_VERIFY_WITH_TIMEOUT(analysis() == nullptr, 2000);
+  open(bad);
+  open(good);
+  EXPECT_GT(rows("grdFlow").size(), 0U);
+}
+
+TEST_F(Runs, The_Busy_Pointer_Shows_During_A_Run_And_Rests_In_Its_Boxes) {
+  open(mine("mine-a.abk"));
+  bool arrow_in_box = false;
+  user_.look = [&](QWidget&) {
+    const QCursor* const pointer = QApplication::overrideCursor();
+    arrow_in_box = pointer == nullptr || pointer->shape() == Qt::ArrowCursor;
+  };
+  give("mnuAnalysisComPress");
+  EXPECT_TRUE(arrow_in_box);
+  give("mnuAnalysisComAnnual");
+  EXPECT_TRUE(arrow_in_box);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Runs, Diagrams_Open_From_The_Menu) {
@@ -253,17 +374,43 @@ TEST_F(Runs, Diagrams_Open_From_The_Menu) {
                                  "Calculation Result", "Fan Characteristic Diagram of Fan No.1"}));
 }
 
-TEST_F(Runs, The_Main_Window_Does_Not_Close_Under_A_Box) {
+TEST_F(Runs, Closing_Under_A_Dialog_Asks_First) {
   give("mnuWinSelCom1");
-  bool closed = true;
+  user_.answers = {QMessageBox::No};
   user_.dialogs.push_back([&](QDialog& dialog) {
-    // As the desktop's close button asks for it.
-    closed = !window_->windowHandle()->isVisible();
-    QTest::keyClick(&dialog, Qt::Key_Escape);
+    window_->close();
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.reject();
   });
   give("mnuAnalysisComPara");
-  EXPECT_FALSE(closed);
+  EXPECT_TRUE(user_.saw("Do you really want to exit the application?"));
   EXPECT_TRUE(window_->isVisible());
+}
+
+TEST_F(Runs, The_Season_Of_Results_Is_Not_The_One_To_Calculate_Next) {
+  open(mine("mine-a.abk"));
+  give("mnuAnalysisComPress");
+  give("mnuAnalysisComAnnual");
+  user_.answers = {QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
+  give("mnuAnalysisComMonthly");
+  user_.dialogs.push_back([](QDialog& dialog) {
+    dialog.findChild<QListWidget*>("lstSeason")->setCurrentRow(7);
+    dialog.findChild<QPushButton*>("cmdOK")->click();
+  });
+  give("mnuAnalysisComPara");
+  EXPECT_EQ(status("stbResults"), "Results: mid Autumn");
+}
+
+TEST_F(Runs, Another_Wetness_Makes_Temperatures_Old) {
+  open(mine("mine-a.abk"));
+  give("mnuAnalysisComPress");
+  give("mnuAnalysisComAnnual");
+  const bool evaporative = control<QRadioButton>("optWetR1")->isChecked();
+  control<QRadioButton>(evaporative ? "optWetR0" : "optWetR1")->click();
+  EXPECT_EQ(status("stbResults"),
+            "Results: Annual, out of date: the wetness selection was changed");
+  control<QRadioButton>(evaporative ? "optWetR1" : "optWetR0")->click();
+  EXPECT_EQ(status("stbResults"), "Results: Annual");
 }
 
 }  // namespace

@@ -255,11 +255,27 @@ class Working_Point : public testing::Test {
     result = Ana_Flow_Press(db, dialogue, panel);
     ASSERT_TRUE(result.ok()) << result.fault;
   }
+  // What a file does not hold.
+  void forget_solution() {
+    db.Iter_No = 0;
+    db.MFan_Press.fill(0);
+    db.MFan_Flow.fill(0);
+  }
+  // From the solution in memory, and from pressures and flows alone.
   void expect_solvers_point() {
+    expect_point();
+    forget_solution();
+    expect_point();
+  }
+  void expect_flow_and_head() {
     const std::optional<Diagram_Point> point = Fan_Working_Point(db, 1);
     ASSERT_TRUE(point);
     EXPECT_NEAR(point->x, 60 * result.fan_flow[1], 0.001 * point->x);
     EXPECT_NEAR(point->y, result.fan_press[1], 0.01);
+  }
+  void expect_point() {
+    expect_flow_and_head();
+    const std::optional<Diagram_Point> point = Fan_Working_Point(db, 1);
     // It lies on the fan's curve.
     EXPECT_NEAR(point->y, Fan_Head(db, 1, db.MFan_Ratio[1], point->x / 60), 0.1);
   }
@@ -311,12 +327,34 @@ TEST_F(Working_Point, IsThereAfterALoad) {
     run(25);
     // A file holds neither the fan's pressure nor this curve.
     Derive_After_Load(db);
+    forget_solution();
     db.MFan_Coef(3, 1) = 7;
-    const std::optional<Diagram_Point> point = Fan_Working_Point(db, 1);
-    ASSERT_TRUE(point);
-    EXPECT_NEAR(point->x, 60 * result.fan_flow[1], 0.001 * point->x);
-    EXPECT_NEAR(point->y, result.fan_press[1], 0.01);
+    expect_flow_and_head();
   }
+}
+
+TEST_F(Working_Point, CountsAnAssistFanInTheFansOwnAirway) {
+  move_underground();
+  db.AFan_Total = 1;
+  db.AFan_Suction[1] = 4;
+  db.AFan_Discharge[1] = 5;
+  db.AFan_Head[1] = 30;
+  db.AFan_Flow[1] = 20000;
+  run(25);
+  expect_solvers_point();
+}
+
+TEST_F(Working_Point, StaysWhenTheTemperaturesAreChangedAfterwards) {
+  run(40);
+  Set_Constant_Temp(db, true);
+  expect_point();
+}
+
+TEST_F(Working_Point, NeedsNoCurve) {
+  run(0);
+  forget_solution();
+  for (int k = 1; k <= 5; ++k) db.MFan_HQ_Flow(k, 1) = 1000;  // no cubic through these
+  expect_flow_and_head();
 }
 
 TEST_F(Working_Point, IsWhereTheFanWorkedBeforeASwitchWasClosed) {
