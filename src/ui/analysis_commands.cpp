@@ -116,6 +116,7 @@ void BRANOK60::wet_method_chosen() {
   constexpr std::string_view reason = "the wetness selection was changed";
   if (of_temperatures && !same) old_temp_ = reason;
   if (same && old_temp_ == reason) old_temp_.clear();
+  show_analysis_state();
   refresh_status();
 }
 

@@ -297,6 +297,8 @@ void BRANOK60::show_analysis_state() {
   set_edit_tag(grid ? QString::fromStdString(page) : QString("none"));
   Set_Edit_Menu_State(analysis, grid, false, grid, false);
   Set_Toolbar_State(analysis, grid, false, grid, false, false, false, analysis);
+  action("mnuAnalysisComAnnual")
+      ->setProperty(tag_property, QString::fromStdString(project_.db.Wet_Tag));
   enable("mnuAnalysisComAnnual", panel_.mnuAnalysisComAnnual && project_.db.Flag_Results != 0);
   // How a run that failed went on is what the engineer wants to see most.
   enable("mnuAnalysisComDiagram", panel_.mnuAnalysisComDiagram || project_.db.Iter_No > 1);

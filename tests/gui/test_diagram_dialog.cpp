@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
-#include <QTimer>
+#include <array>
 
 #include "airflow/flow_run.h"
 #include "core/safe_file.h"
@@ -175,7 +175,12 @@ TEST_P(Every_Diagram, PrintsAsLinesAndLetters) {
   EXPECT_EQ(pdf.find("/Subtype /Image"), std::string::npos) << "no picture of pixels";
 }
 
-INSTANTIATE_TEST_SUITE_P(, Every_Diagram, testing::ValuesIn(kinds));
+std::string Kind_Name(const testing::TestParamInfo<Diagram_Kind>& kind) {
+  constexpr std::array<const char*, 6> words = {"temp", "press", "month", "fan", "gtemp", "intemp"};
+  return words.at(static_cast<std::size_t>(kind.param));
+}
+
+INSTANTIATE_TEST_SUITE_P(, Every_Diagram, testing::ValuesIn(kinds), Kind_Name);
 
 TEST(DlgGraph, FollowsAChangeOfPalette) {
   DlgGraph dialog(Make_Diagram(Solved_Mine(), Diagram_Kind::month));

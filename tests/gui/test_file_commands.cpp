@@ -16,7 +16,7 @@ constexpr const char* check_question =
     "You have not checked Network Data.\nDoing Check Data is recommended to revise Data.\n"
     "Do you want to do Check Data ?";
 
-TEST_F(File_Commands, Open_Dialog_Is_As_Told_And_Starts_With_The_Demo_Mines) {
+TEST_F(File_Commands, Open_Dialog_Asks_For_Data_Files_And_Starts_With_The_Demo_Mines) {
   user_.dialogs.push_back([](QDialog& dialog) {
     EXPECT_EQ(dialog.objectName(), "cmnDlgBRANOK");
     EXPECT_EQ(dialog.windowTitle(), "Open File  - Select '*.abk' -  ");

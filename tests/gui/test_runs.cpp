@@ -407,6 +407,8 @@ TEST_F(Runs, Another_Wetness_Makes_Temperatures_Old) {
   give("mnuAnalysisComAnnual");
   const bool evaporative = control<QRadioButton>("optWetR1")->isChecked();
   control<QRadioButton>(evaporative ? "optWetR0" : "optWetR1")->click();
+  EXPECT_EQ(action("mnuAnalysisComAnnual")->property("Tag").toString(),
+            evaporative ? "area" : "evaporate");
   EXPECT_EQ(status("stbResults"),
             "Results: Annual, out of date: the wetness selection was changed");
   control<QRadioButton>(evaporative ? "optWetR1" : "optWetR0")->click();
