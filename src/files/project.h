@@ -39,8 +39,8 @@ enum class Save_Command { save, save_as };
 /// when that template is gone), or with the default ones when the data do not come from a data file
 /// (Data_Ver is not 6). After success Check_Count is 0, the project's file is this one and heads
 /// the recent files by its full name, and Data_Ver is 6: from then on the user's template holds the
-/// file's comments, or, where it cannot be written, the project does. False after a failure, when its messages have been shown and nothing has
-/// changed.
+/// file's comments, or, where it cannot be written, the project does. False after a failure, when
+/// its messages have been shown and nothing has changed.
 bool Save_Project(Project& project, const std::filesystem::path& file,
                   const Program_Folders& folders, Settings& settings, Dialogue& dialogue,
                   Save_Command command = Save_Command::save);

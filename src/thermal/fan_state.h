@@ -10,8 +10,8 @@ struct Fan_State {
   double flow = 0;   ///< m3/min, a volume of outside air like the flows of the fan's curve
 };
 
-/// The state of main fan `fan`: what the last solution left, or, for results from a file, what nodal
-/// pressures and airway flows tell. Raises Run_Time_Error on a number outside its table.
+/// The state of main fan `fan`: what the last solution left, or, for results from a file, what
+/// nodal pressures and airway flows tell. Raises Run_Time_Error on a number outside its table.
 Fan_State Present_Fan_State(const Database& db, int fan);
 
 }  // namespace branok
