@@ -191,12 +191,12 @@ Flow_Result Ana_Flow_Press(Database& db, Dialogue& dialogue, Panel& panel) {
     detail = fault.what();
   }
   db.Flag_Results = 0;
-  dialogue.show(messages::Calculation_Error(name));
-  dialogue.remark(detail);
   Flow_Result result;
   result.fault = detail;
   result.likely_causes = Likely_Causes(db);
   for (const std::string& cause : result.likely_causes) dialogue.remark(cause);
+  dialogue.remark(detail);
+  dialogue.show(messages::Calculation_Error(name));
   return result;
 }
 

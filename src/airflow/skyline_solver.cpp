@@ -329,9 +329,9 @@ Flow_Result Calc_Press_Flow(Database& db, Dialogue& dialogue, Panel& panel) {
     return result;
   }
   result.likely_causes = Likely_Causes(db);
-  dialogue.show(Message_Of(result.end));
-  if (!result.fault.empty()) dialogue.remark(result.fault);
   for (const std::string& cause : result.likely_causes) dialogue.remark(cause);
+  if (!result.fault.empty()) dialogue.remark(result.fault);
+  dialogue.show(Message_Of(result.end));
   return result;
 }
 

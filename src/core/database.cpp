@@ -61,7 +61,7 @@ int Find_Slot(const Database& db, int node, int far) {
 
 std::string_view Season_Of(const Database& db) {
   constexpr int last = 12;
-  if (db.Para_Month < 0 || db.Para_Month > last) Outside_Table(db.Para_Month, last);
+  if (db.Para_Month < 0 || db.Para_Month > last) Outside_Table(db.Para_Month, last, 0);
   return Season_Name[static_cast<std::size_t>(db.Para_Month)];
 }
 

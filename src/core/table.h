@@ -13,9 +13,9 @@
 
 namespace branok {
 
-[[noreturn]] inline void Outside_Table(int index, int last) {
-  throw Run_Time_Error("number " + std::to_string(index) + " is outside 1.." +
-                       std::to_string(last));
+[[noreturn]] inline void Outside_Table(int index, int last, int first = 1) {
+  throw Run_Time_Error("number " + std::to_string(index) + " is outside " + std::to_string(first) +
+                       ".." + std::to_string(last));
 }
 
 /// One cell per number 1..Last.

@@ -123,7 +123,7 @@ Diagram Rock_Diagram(const Database& db) {
 
 Diagram Intake_Diagram(const Database& db) {
   const int month = db.Para_MonthPrev;
-  if (month < 0 || month > 12) Outside_Table(month, 12);
+  if (month < 0 || month > 12) Outside_Table(month, 12, 0);
   Diagram diagram{
       .title = "Intake Air Temp.",
       .x_title = "Days from The " + std::string(Season_Name[static_cast<std::size_t>(month)]),

@@ -53,7 +53,7 @@ float Raise_Age(Database& db, int j, int i, float least) {
 double Air_Speed(double Qs, double area, double unknown) { return area <= 0 ? unknown : Qs / area; }
 
 double Heat_Transfer(double speed, int kind) {
-  if (kind < 0 || kind > 7) Outside_Table(kind, 7);
+  if (kind < 0 || kind > 7) Outside_Table(kind, 7, 0);
   return (3.6 * speed + 5.4) * kinds[static_cast<std::size_t>(kind)];
 }
 

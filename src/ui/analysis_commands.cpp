@@ -6,7 +6,6 @@
 #include "core/messages.h"
 #include "thermal/annual.h"
 #include "thermal/diagrams.h"
-#include "thermal/parameters.h"
 #include "thermal/seasonal.h"
 #include "ui/analysis_window.h"
 #include "ui/diagram_dialog.h"
@@ -17,20 +16,6 @@
 namespace branok {
 
 namespace {
-
-// The parameters that results depend on: not the month of the next season, and not how exactly and
-// how fast the solver works.
-std::vector<double> Physical_Parameters(const Database& db) {
-  std::vector<double> values;
-  for (const Parameter& parameter : Calculation_Parameters()) {
-    if (parameter.name == "Para_Month" || parameter.name == "Para_FlowTol" ||
-        parameter.name == "Para_Accel" || parameter.entry == Entry::derived) {
-      continue;
-    }
-    values.push_back(parameter.get(db));
-  }
-  return values;
-}
 
 // The first fan whose table gives a curve; the first of all when none does.
 int First_Fan_With_Curve(const Database& db) {
@@ -57,7 +42,10 @@ MDIAna& BRANOK60::analysis_window() {
       give_command(name);
     }
   });
-  connect(analysis_, &MDIAna::wet_method_chosen, this, &BRANOK60::wet_method_chosen);
+  connect(analysis_, &MDIAna::wet_method_chosen, this, [this] {
+    show_analysis_state();
+    refresh_status();
+  });
   connect(analysis_, &MDIAna::edit_target, this, &BRANOK60::show_analysis_state);
   connect(analysis_, &MDIAna::state_changed, this, &BRANOK60::show_analysis_state);
   QMdiSubWindow* const frame = area_->addSubWindow(analysis_);
@@ -104,28 +92,9 @@ void BRANOK60::run_analysis(const std::function<void()>& calculation) {
   refresh_status();
 }
 
-// The season of seasonal results, as their run or their file has left it in the parameters.
-void BRANOK60::take_season() { season_ = Trim(Season_Of(project_.db)); }
-
-// The other wet-wall method counts from the next run on; temperatures on show are of the one
-// before.
-void BRANOK60::wet_method_chosen() {
-  const Database& db = project_.db;
-  const bool of_temperatures = db.Flag_Annual == 1 || db.Flag_Season == 1;
-  const bool same = (db.Wet_Tag == "evaporate") == (db.Para_WetMode == 1);
-  constexpr std::string_view reason = "the wetness selection was changed";
-  if (of_temperatures && !same) old_temp_ = reason;
-  if (same && old_temp_ == reason) old_temp_.clear();
-  show_analysis_state();
-  refresh_status();
-}
-
 void BRANOK60::Analysis_Press(int) {
   run_analysis([this] {
-    if (!Ana_Flow_Press(project_.db, dialogue_, panel_).ok()) return;
-    old_flow_.clear();
-    const bool given = project_.db.Flag_Annual != 1 && project_.db.Flag_Season != 1;
-    if (given) old_temp_.clear();
+    if (Ana_Flow_Press(project_.db, dialogue_, panel_).ok()) basis_.take_flow(project_.db);
   });
 }
 
@@ -133,12 +102,8 @@ void BRANOK60::Analysis_Annual(int) {
   run_analysis([this] {
     const Annual_Result result = Ana_Annual_Temp(project_.db, dialogue_, panel_);
     if (!result.fault.empty()) dialogue_.remark(result.fault);
-    if (!result.ok()) {
-      old_temp_ = "the last temperature run failed";
-      return;
-    }
-    old_temp_.clear();
-    old_flow_ = result.flow.ok() ? "" : "the last flow solution did not converge";
+    basis_.take_temperatures(project_.db, result.ok());
+    if (result.ok()) basis_.take_flow(project_.db, result.flow.ok());
   });
 }
 
@@ -147,21 +112,17 @@ void BRANOK60::Analysis_Monthly(int) {
     const Season_Result result = Ana_Season_Temp(project_.db, dialogue_, panel_);
     if (!result.fault.empty()) dialogue_.remark(result.fault);
     if (result.end == Season_End::needs_annual || result.end == Season_End::declined) return;
-    take_season();
-    if (result.end == Season_End::complete) old_flow_.clear();
-    if (result.end == Season_End::fault || result.end == Season_End::too_many_passes) {
-      old_temp_ = "the last temperature run failed";
-    }
-    if (result.end == Season_End::without_flow || result.end == Season_End::flow_failed) {
-      old_flow_ = "the flow is not of this season";
-    }
+    const bool temperatures =
+        result.end != Season_End::fault && result.end != Season_End::too_many_passes;
+    basis_.take_season(project_.db, temperatures);
+    if (result.end == Season_End::complete) basis_.take_flow(project_.db);
+    if (result.end == Season_End::flow_failed) basis_.take_flow(project_.db, false);
   });
 }
 
 void BRANOK60::Analysis_Set_Const_Temp(int) {
   Set_Constant_Temp(project_.db, true);
   dialogue_.remark("All air has the intake's annual average state");
-  old_flow_ = "constant temperatures were set";
   refresh_status();
 }
 
@@ -188,7 +149,6 @@ void BRANOK60::Analysis_Switch(int) {
   } else if (window.change_switch()) {
     const Text_Grid& grid = window.airway_results();
     dialogue_.remark("Airway " + grid.text(row, 0) + ": " + grid.text(row, switch_column));
-    old_flow_ = old_temp_ = "an airway was switched";
     refresh_status();
   } else {
     dialogue_.remark("Above 10000 murgue an airway is a fixed stop and no switch");
@@ -196,7 +156,6 @@ void BRANOK60::Analysis_Switch(int) {
 }
 
 void BRANOK60::Analysis_Para(int) {
-  const std::vector<double> before = Physical_Parameters(project_.db);
   DlgCPara dialog(
       project_.db, dialogue_,
       [this](std::string_view kind) {
@@ -204,9 +163,6 @@ void BRANOK60::Analysis_Para(int) {
       },
       this);
   dialog.exec();
-  if (Physical_Parameters(project_.db) != before) {
-    old_flow_ = old_temp_ = "parameters were changed";
-  }
   refresh_status();
 }
 

@@ -49,9 +49,9 @@ Analysis_Page::Analysis_Page(QWidget* parent) : QScrollArea(parent) {
 
   auto* const page = new QWidget;
   auto* const columns = new QHBoxLayout;
+  columns->addLayout(command_column());  // in view however small the window is
   columns->addWidget(pressure_frame(), 1);
   columns->addWidget(temperature_frame(), 1);
-  columns->addLayout(command_column());
   auto* const rows = new QVBoxLayout(page);
   rows->addWidget(lblDisp[0]);
   rows->addLayout(columns, 1);

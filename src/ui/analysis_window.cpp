@@ -158,6 +158,8 @@ int MDIAna::selected_airway() const {
 bool MDIAna::change_switch() {
   const std::vector<int> changed = Change_Switch_Of_Row(db_, flow_, selected_airway());
   for (const int row : changed) grdFlow->rows().row_changed(row);
+  // What was switched is in view, wherever the command was given.
+  if (!changed.empty()) tabAna->setCurrentIndex(flow_page);
   return !changed.empty();
 }
 

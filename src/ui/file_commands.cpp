@@ -1,6 +1,8 @@
 // The File menu: new, open, save, recent files, exit.
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include "core/messages.h"
 #include "ui/analysis_window.h"
@@ -19,6 +21,10 @@ std::filesystem::path Ask_File(QFileDialog& dialog, const std::filesystem::path&
   dialog.setObjectName("cmnDlgBRANOK");
   dialog.setNameFilter(data_files);
   dialog.setDefaultSuffix("abk");
+  dialog.resize(dialog.sizeHint().expandedTo({860, 540}));
+  if (auto* const list = dialog.findChild<QTreeView*>("treeView")) {
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  }
   if (!folder.empty()) dialog.setDirectory(Name_To_Qt(folder));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   return To_Path(dialog.selectedFiles().first());
@@ -69,9 +75,15 @@ void BRANOK60::File_Recent(int row) {
 // The mine has been read, or reading has failed and left an empty one; either is shown.
 void BRANOK60::opened(const Read_Result& result) {
   if (result.ok) last_folder_ = project_.file.parent_path();
+  if (result.ok) take_file();
   rebuild_recent_menu();
   refresh_windows();
   if (result.ok && area_->subWindowList().isEmpty()) analysis_window();
+}
+
+// The open mine's file heads the recent ones, where it can be one.
+void BRANOK60::take_file() {
+  if (settings_.Recent_File[0] == project_.file) files_.push_back(project_.file);
 }
 
 void BRANOK60::File_Save(int) {
@@ -94,6 +106,7 @@ bool BRANOK60::save(Save_Command command) {
   const bool saved = Save_Project(project_, file, folders_, settings_, dialogue_, command);
   busy.end();
   if (!saved) return false;
+  take_file();
   dialogue_.remark("Saved " + project_.file.string());
   rebuild_recent_menu();
   refresh_status();

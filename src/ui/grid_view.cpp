@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QStyleOptionHeader>
 #include <algorithm>
@@ -20,6 +21,16 @@ namespace {
 constexpr int cell_margin = 6;      // pixels at either side of a text
 constexpr int longest_column = 40;  // characters; longer comments are cut with dots
 constexpr int title_column = 0;
+
+// Row titles have one height: all of a title selects its row, its edges too.
+class Without_Grips : public QProxyStyle {
+ public:
+  explicit Without_Grips(QObject* parent) { setParent(parent); }
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    return metric == PM_HeaderGripMargin ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
 
 }  // namespace
 
@@ -37,6 +48,7 @@ Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : QTableView(parent), mod
   horizontalHeader()->setMinimumSectionSize(24);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setHighlightSections(true);
+  verticalHeader()->setStyle(new Without_Grips(verticalHeader()));
   corner_ = findChild<QAbstractButton*>();
   if (corner_ != nullptr) corner_->installEventFilter(this);
   connect(this, &QTableView::doubleClicked,
@@ -50,13 +62,25 @@ Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : QTableView(parent), mod
 void Grid_View::show_grid() {
   const int top = verticalScrollBar()->value();
   const QModelIndex current = currentIndex();
-  const int row = current.isValid() ? current.row() : -1;
-  const int column = current.isValid() ? current.column() : -1;
+  const QPoint cell = current.isValid() ? QPoint(current.column(), current.row()) : QPoint(-1, -1);
+  const QItemSelection selection = selectionModel()->selection();
+  const QRect block = selection.isEmpty()
+                          ? QRect()
+                          : QRect(QPoint(selection.first().left(), selection.first().top()),
+                                  QPoint(selection.first().right(), selection.first().bottom()));
   model_.rows_changed();
   fit_columns();
   const bool same_rows = shown_rows_ == model_.rowCount();
   shown_rows_ = model_.rowCount();
-  if (row >= 0 && same_rows) setCurrentIndex(model_.index(row, column));
+  if (same_rows && cell.y() >= 0) {
+    selectionModel()->setCurrentIndex(model_.index(cell.y(), cell.x()),
+                                      QItemSelectionModel::NoUpdate);
+  }
+  if (same_rows && block.isValid()) {
+    selectionModel()->select(
+        {model_.index(block.top(), block.left()), model_.index(block.bottom(), block.right())},
+        QItemSelectionModel::Select);
+  }
   verticalScrollBar()->setValue(top);
   viewport()->update();
 }

@@ -211,7 +211,14 @@ QToolBar* Help_Window::make_tools() {
     txtSearch_->setFocus(Qt::ShortcutFocusReason);
     txtSearch_->selectAll();
   });
-  add("", "Close", {{Qt::Key_Escape}}, [this] { close(); });
+  add("", "Close", {{Qt::Key_Escape}}, [this] {
+    // The first Escape ends a search, the next one closes.
+    if (txtSearch_->text().isEmpty()) {
+      close();
+    } else {
+      txtSearch_->clear();
+    }
+  });
   return tools;
 }
 

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
@@ -13,6 +14,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/messages.h"
@@ -45,6 +47,16 @@ QString Plain_Caption(QString caption) {
 // Screen pixels and twips, the unit of the stored position.
 double Twips_Per_Pixel(const QWidget& widget, bool x) {
   return 1440.0 / (x ? widget.logicalDpiX() : widget.logicalDpiY());
+}
+
+// The data file that is dragged over the window; empty for anything else, which must not take the
+// place of the open mine by a slip.
+QString Dragged_Mine(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  if (urls.size() != 1 || !urls.first().isLocalFile()) return {};
+  const QFileInfo file(urls.first().toLocalFile());
+  const bool mine = file.isFile() && file.suffix().compare("abk", Qt::CaseInsensitive) == 0;
+  return mine ? file.filePath() : QString();
 }
 
 bool Is_On_A_Screen(const QPoint& place) {
@@ -327,22 +339,15 @@ void BRANOK60::rebuild_recent_menu() {
 }
 
 void BRANOK60::refresh_windows() {
-  old_flow_.clear();
-  old_temp_.clear();
+  basis_.take_all(project_.db);
   panel_.reset(project_.db);
-  take_season();
   if (analysis_ != nullptr) analysis_->load();
   show_analysis_state();
   refresh_status();
 }
 
 void BRANOK60::refresh_status() {
-  if (project_.db.Flag_Results == 0) {
-    old_flow_.clear();
-    old_temp_.clear();
-  }
-  status_->show_mine(project_.db, project_.file, season_,
-                     old_flow_.empty() ? old_temp_ : old_flow_);
+  status_->show_mine(project_.db, project_.file, basis_.season(), basis_.outdated(project_.db));
 }
 
 // --- Events
@@ -353,11 +358,14 @@ void BRANOK60::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  settings_.left = qRound(x() * Twips_Per_Pixel(*this, true));
-  settings_.top = qRound(y() * Twips_Per_Pixel(*this, false));
+  // Another BRANOK may have written its files there since this one started: they stay.
+  Settings settings = Load_Settings(folders_.Ini_Path());
+  for (const std::string& file : files_) Add_Recent(settings, file);
+  settings.left = qRound(x() * Twips_Per_Pixel(*this, true));
+  settings.top = qRound(y() * Twips_Per_Pixel(*this, false));
   const bool normal = !isMaximized() && !isMinimized() && !isFullScreen();
   try {
-    Save_Settings(settings_, folders_.Ini_Path(), normal, End_Time());
+    Save_Settings(settings, folders_.Ini_Path(), normal, End_Time());
   } catch (const std::exception& fault) {
     dialogue_.remark(fault.what());
     dialogue_.show(messages::File_Error("'Exit'"));
@@ -405,13 +413,12 @@ void BRANOK60::changeEvent(QEvent* event) {
 }
 
 void BRANOK60::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && event->mimeData()->urls().first().isLocalFile()) {
-    event->acceptProposedAction();
-  }
+  if (!Dragged_Mine(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void BRANOK60::dropEvent(QDropEvent* event) {
-  open_file(To_Path(event->mimeData()->urls().first().toLocalFile()));
+  const QString file = Dragged_Mine(*event->mimeData());
+  if (!file.isEmpty()) open_file(To_Path(file));
 }
 
 }  // namespace branok

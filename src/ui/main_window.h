@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/settings.h"
 #include "files/project.h"
@@ -17,6 +18,7 @@
 #include "ui/analysis_panel.h"
 #include "ui/command_table.h"
 #include "ui/qt_dialogue.h"
+#include "ui/result_basis.h"
 
 class QAction;
 class QKeyEvent;
@@ -152,8 +154,7 @@ class BRANOK60 : public QMainWindow {
 
   MDIAna& analysis_window();
   void run_analysis(const std::function<void()>& calculation);
-  void take_season();
-  void wet_method_chosen();
+  void take_file();
   void draw_diagram(Diagram_Kind kind);
 
   Project project_;
@@ -162,10 +163,9 @@ class BRANOK60 : public QMainWindow {
   Qt_Dialogue dialogue_;
   Analysis_Panel panel_;
   std::filesystem::path last_folder_;  // of the file dialogs
-  // Why flows or temperatures no longer are those of the data; empty when they are.
-  std::string old_flow_, old_temp_;
-  std::string season_;         // of seasonal results; the parameters name the one to calculate next
-  std::optional<QFont> font_;  // chosen for grids and labels
+  Result_Basis basis_;                 // what the results were calculated from
+  std::vector<std::string> files_;     // opened and saved since the start
+  std::optional<QFont> font_;          // chosen for grids and labels
 
   QMdiArea* area_ = nullptr;
   QToolBar* tlbBRANOK_ = nullptr;

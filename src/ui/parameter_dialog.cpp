@@ -178,6 +178,9 @@ void DlgCPara::run(const std::function<void()>& command) {
 
 void DlgCPara::report(const Parameter_Fault& fault) {
   const Parameter& parameter = Parameter_Rows()[static_cast<std::size_t>(fault.row)];
+  if (fault.no_number && grdPara->value(fault.row).contains(',')) {
+    dialogue_.remark("The decimal sign is a point: 12.5");
+  }
   dialogue_.show(fault.no_number ? messages::Not_Numeric()
                                  : messages::Out_Of_Range(parameter.column, "Parameter Folder",
                                                           fault.low, fault.high));

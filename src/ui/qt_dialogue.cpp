@@ -1,6 +1,7 @@
 #include "ui/qt_dialogue.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -80,6 +81,15 @@ class Arrow_Pointer {
   bool needed_;
 };
 
+// A short text must not cut the title.
+void Widen_For_Title(QMessageBox& box) {
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  if (grid == nullptr) return;
+  constexpr int window_buttons = 140;  // pixels
+  const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + window_buttons;
+  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 Qt_Dialogue::Qt_Dialogue(QWidget* window, std::function<void(const QString&)> on_remark)
@@ -105,6 +115,7 @@ Answer Qt_Dialogue::show(const Message& message) {
                       : message.buttons == Buttons::yes_no ? QMessageBox::No
                                                            : QMessageBox::Cancel;
   box.setEscapeButton(escape);
+  Widen_For_Title(box);
   if (message.beep) QApplication::beep();
   return Box_Answer(box.exec());
 }

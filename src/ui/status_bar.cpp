@@ -1,11 +1,14 @@
 #include "ui/status_bar.h"
 
 #include <QLocale>
+#include <QMouseEvent>
 #include <QTime>
 #include <QTimerEvent>
+#include <QToolTip>
 
 #include "ui/lock_keys.h"
 #include "ui/qt_text.h"
+#include "ui/result_basis.h"
 
 namespace branok {
 
@@ -21,37 +24,60 @@ QString One_Line(QString text) {
   return text;
 }
 
-// All air at the intake's average, as Set Const. Temp and a flow run from fresh start values leave
-// it. The kind of the temperature run before stays with such results; it would mislead.
-bool Has_Constant_Temp(const Database& db) {
-  for (int i = 1; i <= db.Node_Total; ++i) {
-    if (db.Node_JuncCount[i] > 0 && db.Node_DBT[i] != db.Para_IntakeTemp) return false;
-  }
-  return true;
-}
-
 std::string Kind_Of_Results(const Database& db, const std::string& season) {
   if (db.Flag_Annual != 1 && db.Flag_Season != 1) return "Flow";
+  // The kind of the temperature run before stays with such results; it would mislead.
   if (Has_Constant_Temp(db)) return "Flow at constant temperature";
   return db.Flag_Annual == 1 ? "Annual" : season;
 }
 
 }  // namespace
 
+// The first of the remarks, cut where there is no room, and how many more there are. All of them
+// are in the tool tip, which a click brings up too.
+class Remark_Label : public QLabel {
+ public:
+  explicit Remark_Label(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setMinimumWidth(1);
+  }
+  void show_remarks(const QStringList& remarks) {
+    first_ = remarks.value(0);
+    more_ = remarks.size() > 1 ? QString(" (+%1)").arg(remarks.size() - 1) : QString();
+    setToolTip(remarks.join('\n'));
+    fit();
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QLabel::resizeEvent(event);
+    fit();
+  }
+  void mousePressEvent(QMouseEvent* event) override {
+    QToolTip::showText(event->globalPosition().toPoint(), toolTip(), this);
+  }
+
+ private:
+  void fit() {
+    const int room = width() - fontMetrics().horizontalAdvance(more_);
+    setText(fontMetrics().elidedText(first_, Qt::ElideRight, room) + more_);
+  }
+  QString first_, more_;
+};
+
 std::string Results_Text(const Database& db, const std::string& season,
                          const std::string& outdated) {
   if (db.Node_Total == 0) return "No mine open";
-  std::string text =
-      db.Flag_Results == 0 ? "No results" : "Results: " + Kind_Of_Results(db, season);
-  if (!outdated.empty()) text += ", out of date: " + outdated;
-  return text;
+  if (db.Flag_Results == 0) return "No results";
+  const std::string kind = Kind_Of_Results(db, season);
+  if (outdated.empty()) return "Results: " + kind;
+  return "Results out of date: " + kind + ", " + outdated;
 }
 
 Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
   setObjectName("stbBRANOK");
-  remark_ = new QLabel(this);
+  remark_ = new Remark_Label(this);
   remark_->setObjectName("stbRemark");
-  remark_->setTextFormat(Qt::PlainText);
   addWidget(remark_, 1);
   mine_ = field("stbMine", "Name of the mine");
   file_ = field("stbFile", "Data file of the mine");
@@ -72,6 +98,7 @@ QLabel* Status_Bar::field(const char* name, const QString& tip) {
   label->setToolTip(tip);
   label->setTextFormat(Qt::PlainText);
   label->setContentsMargins(4, 0, 4, 0);
+  label->setMinimumWidth(1);  // its text must not hold the window wide
   addPermanentWidget(label);
   return label;
 }
@@ -79,23 +106,21 @@ QLabel* Status_Bar::field(const char* name, const QString& tip) {
 void Status_Bar::show_remark(const QString& text) {
   if (text.isEmpty() || remarks_.contains(text)) return;
   remarks_ << One_Line(text);
-  remark_->setToolTip(remarks_.join('\n'));
-  const QString more = remarks_.size() > 1 ? QString(" (+%1)").arg(remarks_.size() - 1) : QString();
-  // A long remark is cut at the end; the tool tip has all of it.
-  remark_->setMinimumWidth(1);
-  remark_->setText(remarks_.first() + more);
+  remark_->show_remarks(remarks_);
+  fit_fields();
 }
 
 void Status_Bar::clear_remarks() {
   remarks_.clear();
-  remark_->clear();
-  remark_->setToolTip({});
+  remark_->show_remarks(remarks_);
+  fit_fields();
 }
 
 void Status_Bar::show_mine(const Database& db, const std::filesystem::path& file,
                            const std::string& season, const std::string& outdated) {
   mine_name_ = One_Line(To_Qt(Trim(db.Mine_Name)));
   file_name_ = file.empty() ? QString("not saved") : One_Line(Name_To_Qt(file));
+  if (db.Node_Total == 0) file_name_.clear();
   results_text_ = To_Qt(Results_Text(db, season, outdated));
   mine_->setToolTip(mine_name_);
   file_->setToolTip(file_name_);
@@ -109,9 +134,10 @@ void Status_Bar::fit_fields() {
   const auto cut = [this](const QString& text, Qt::TextElideMode mode, int part) {
     return fontMetrics().elidedText(text, mode, this->width() / part);
   };
-  mine_->setText(cut(mine_name_, Qt::ElideRight, 8));
-  file_->setText(cut(file_name_, Qt::ElideLeft, 4));
-  results_->setText(cut(results_text_, Qt::ElideRight, 2));
+  const bool remark = !remarks_.isEmpty();  // it has the larger part
+  mine_->setText(cut(mine_name_, Qt::ElideRight, remark ? 12 : 8));
+  file_->setText(cut(file_name_, Qt::ElideLeft, remark ? 12 : 4));
+  results_->setText(cut(results_text_, Qt::ElideRight, remark ? 3 : 2));
 }
 
 void Status_Bar::show_keyboard() {

@@ -13,10 +13,12 @@
 namespace branok {
 
 /// The state of the results in words: "No results", "Results: Flow", "Results: Annual", "Results:
-/// mid Summer" (`season`); behind them, when the data have changed since, that they are out of date
-/// and why.
+/// mid Summer" (`season`); "Results out of date: Annual, an airway was switched" when the data have
+/// changed since.
 std::string Results_Text(const Database& db, const std::string& season,
                          const std::string& outdated);
+
+class Remark_Label;
 
 class Status_Bar : public QStatusBar {
   Q_OBJECT
@@ -44,7 +46,7 @@ class Status_Bar : public QStatusBar {
   QLabel* field(const char* name, const QString& tip);
 
   QStringList remarks_;
-  QLabel* remark_;
+  Remark_Label* remark_;
   QLabel* mine_;
   QLabel* file_;
   QLabel* results_;

@@ -60,6 +60,8 @@ class Main_Window : public testing::Test {
   [[nodiscard]] QString status(const QString& field) const {
     return control<QLabel>(field)->text();
   }
+  /// What the status bar says of the results, in full.
+  [[nodiscard]] QString results() const { return control<QLabel>("stbResults")->toolTip(); }
   [[nodiscard]] QWidget* analysis() const { return control<QWidget>("MDIAna"); }
   void give(const QString& name) const { action(name)->trigger(); }
 

@@ -21,6 +21,7 @@ using std::chrono::milliseconds;
 class Panel_Of_Runs : public testing::Test {
  protected:
   void SetUp() override {
+    window.resize(1200, 700);
     window.show();
     panel.start_run();
   }

@@ -285,6 +285,40 @@ TEST_F(File_Commands, A_Dropped_File_Is_Opened) {
   EXPECT_TRUE(control<QLabel>("stbFile")->toolTip().endsWith("mine-a.abk"));
 }
 
+TEST_F(File_Commands, What_Is_No_Mine_Cannot_Be_Dropped) {
+  open(mine("mine-a.abk"));
+  std::ofstream(home_ / "text.txt") << "x";
+  std::filesystem::create_directory(home_ / "folder.abk");
+  std::vector<QList<QUrl>> drags = {{}};
+  for (const char* const name : {"text.txt", "folder.abk", "gone.abk"}) {
+    drags.push_back({QUrl::fromLocalFile(QString::fromStdString((home_ / name).string()))});
+  }
+  drags.push_back({QUrl("https://example.com/mine-a.abk")});
+  for (const QList<QUrl>& urls : drags) {
+    QMimeData data;
+    data.setUrls(urls);
+    data.setData("text/uri-list", data.data("text/uri-list"));
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(window_.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+  }
+  EXPECT_TRUE(user_.boxes.empty());
+  EXPECT_TRUE(control<QLabel>("stbFile")->toolTip().endsWith("mine-a.abk"));
+}
+
+TEST_F(File_Commands, Two_Programs_Keep_Each_Others_Recent_Files) {
+  open(mine("mine-a.abk"));
+  Settings other = Load_Settings(folders().Ini_Path());
+  Add_Recent(other, "/of/another.abk");
+  Save_Settings(other, folders().Ini_Path(), false, End_Time());
+  user_.answers = {QMessageBox::Yes};
+  window_->close();
+  const Settings settings = Load_Settings(folders().Ini_Path());
+  EXPECT_EQ(settings.Recent_File[0], (home_ / "mine-a.abk").string());
+  EXPECT_EQ(settings.Recent_File[1], "/of/another.abk");
+}
+
 TEST_F(File_Commands, A_File_Of_The_Command_Line_Is_Opened_By_Its_Full_Name) {
   const auto file = mine("mine-a.abk");
   const auto before = std::filesystem::current_path();

@@ -542,6 +542,8 @@ TEST_F(Main_Window, Long_Texts_Do_Not_Widen_The_Window) {
   give("mnuAnalysisComPress");
   QCoreApplication::processEvents();
   EXPECT_EQ(window_->width(), width);
+  window_->resize(500, 500);
+  QTRY_COMPARE_WITH_TIMEOUT(window_->width(), 500, 2000);
   EXPECT_TRUE(control<QLabel>("stbMine")->toolTip().startsWith("WWW"));
 }
 

@@ -98,18 +98,18 @@ TEST_F(Runs, Flow_Annual_And_Season_Agree_With_The_Batch_Program_And_Survive_A_S
   open(file);
   give("mnuAnalysisComSetConst_Temp");
   user_.answers = {QMessageBox::No, QMessageBox::Ok};
-  if (status("stbResults").startsWith("No results")) user_.answers.pop_front();
+  if (results().startsWith("No results")) user_.answers.pop_front();
   control<QPushButton>("Com_Calc_Flow")->click();
   EXPECT_EQ(user_.boxes.back().text, "After confirmation, push button !");
   expect_grids(batch({"--constant-temperature", "--flow"}));
-  EXPECT_EQ(status("stbResults"), "Results: Flow");
+  EXPECT_EQ(results(), "Results: Flow");
 
   control<QPushButton>("Com_Calc_Annu")->click();
   EXPECT_EQ(user_.boxes.back().text,
             "Recommendation: Save Annual calculation results,\n"
             "before calculation of Monthly Temp. & Hum.");
   expect_grids(batch({"--constant-temperature", "--flow", "--annual"}));
-  EXPECT_EQ(status("stbResults"), "Results: Annual");
+  EXPECT_EQ(results(), "Results: Annual");
 
   user_.boxes.clear();
   user_.answers = {QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
@@ -120,7 +120,7 @@ TEST_F(Runs, Flow_Annual_And_Season_Agree_With_The_Batch_Program_And_Survive_A_S
   EXPECT_TRUE(user_.boxes[2].text.startsWith("Flow, Temp. & Hum. calculation are complete"));
   const Csv season = batch({"--constant-temperature", "--flow", "--annual", "--season", "10"});
   expect_grids(season);
-  EXPECT_EQ(status("stbResults"), "Results: mid Autumn");
+  EXPECT_EQ(results(), "Results: mid Autumn");
 
   user_.answers = {QMessageBox::No};
   give("mnuFileComSave");
@@ -128,7 +128,7 @@ TEST_F(Runs, Flow_Annual_And_Season_Agree_With_The_Batch_Program_And_Survive_A_S
   const auto airways = rows("grdFlow");
   give("mnuFileComNew");
   give("mnuFileComPrefile0");
-  EXPECT_EQ(status("stbResults"), "Results: mid Autumn");
+  EXPECT_EQ(results(), "Results: mid Autumn");
   EXPECT_EQ(analysis()->property("Tag").toString(), "Seasonal-Flow");
   EXPECT_EQ(rows("grdPress").size(), nodes.size());
   for (std::size_t row = 0; row < nodes.size(); ++row) {
@@ -180,7 +180,7 @@ TEST_F(Runs, Declined_Season_Changes_No_Result) {
   give("mnuAnalysisComMonthly");
   EXPECT_EQ(user_.boxes.size(), 1U);
   EXPECT_EQ(rows("grdFlow"), before);
-  EXPECT_EQ(status("stbResults"), "Results: Annual");
+  EXPECT_EQ(results(), "Results: Annual");
 }
 
 TEST_F(Runs, The_Question_Of_A_Second_Flow_Run) {
@@ -234,11 +234,11 @@ TEST_F(Runs, Change_Switch_Writes_Both_Ends_And_Tells_That_Results_Are_Old) {
   open(mine("mine-a.abk"));
   give("mnuAnalysisComPress");
   give("mnuAnalysisComSwitch");
-  EXPECT_EQ(status("stbResults"), "Results: Flow") << "no row, no change";
+  EXPECT_EQ(results(), "Results: Flow") << "no row, no change";
   control<QTabWidget>("tabAna")->setCurrentIndex(2);
   control<Grid_View>("grdFlow")->setFocus();
   give("mnuAnalysisComSwitch");
-  EXPECT_EQ(status("stbResults"), "Results: Flow") << "a row that has only the keyboard";
+  EXPECT_EQ(results(), "Results: Flow") << "a row that has only the keyboard";
   auto* const grid = control<Grid_View>("grdFlow");
   const QString name = rows("grdFlow")[4][0];
   grid->setCurrentIndex(grid->model()->index(4, 1));
@@ -247,9 +247,28 @@ TEST_F(Runs, Change_Switch_Writes_Both_Ends_And_Tells_That_Results_Are_Old) {
   for (const QStringList& row : rows("grdFlow")) closed += row[7] == "Close" ? 1 : 0;
   EXPECT_EQ(closed, 2);
   EXPECT_EQ(rows("grdFlow")[4][7], "Close") << qPrintable(name);
-  EXPECT_EQ(status("stbResults"), "Results: Flow, out of date: an airway was switched");
+  EXPECT_EQ(results(), "Results out of date: Flow, an airway was switched");
+  control<QTabWidget>("tabAna")->setCurrentIndex(0);
   give("mnuAnalysisComSwitch");
   EXPECT_EQ(rows("grdFlow")[4][7], " Open");
+  EXPECT_EQ(control<QTabWidget>("tabAna")->currentIndex(), 2) << "what was switched is in view";
+  EXPECT_EQ(results(), "Results: Flow") << "the results' own network again";
+}
+
+TEST_F(Runs, A_Switch_At_Constant_Temperature_Is_Settled_By_A_Flow_Run) {
+  open(mine("mine-a.abk"));
+  give("mnuAnalysisComPress");
+  give("mnuAnalysisComAnnual");
+  user_.answers = {QMessageBox::No, QMessageBox::Ok};
+  give("mnuAnalysisComPress");
+  control<QTabWidget>("tabAna")->setCurrentIndex(2);
+  auto* const grid = control<Grid_View>("grdFlow");
+  grid->setCurrentIndex(grid->model()->index(4, 1));
+  give("mnuAnalysisComSwitch");
+  EXPECT_EQ(results(), "Results out of date: Flow at constant temperature, an airway was switched");
+  user_.answers = {QMessageBox::Yes, QMessageBox::Ok};
+  give("mnuAnalysisComPress");
+  EXPECT_EQ(results(), "Results: Flow at constant temperature");
 }
 
 TEST_F(Runs, Changed_Parameters_Make_Results_Old_And_Leave_Them) {
@@ -258,7 +277,7 @@ TEST_F(Runs, Changed_Parameters_Make_Results_Old_And_Leave_Them) {
   const auto before = rows("grdFlow");
   give("mnuAnalysisComPara");  // Escape
   EXPECT_EQ(user_.dialogs_seen.back(), "DlgCPara");
-  EXPECT_EQ(status("stbResults"), "Results: Flow");
+  EXPECT_EQ(results(), "Results: Flow");
   const auto fix = [&](const std::function<void(QDialog&)>& change) {
     user_.dialogs.push_back([change](QDialog& dialog) {
       change(dialog);
@@ -267,14 +286,14 @@ TEST_F(Runs, Changed_Parameters_Make_Results_Old_And_Leave_Them) {
     give("mnuAnalysisComPara");
   };
   fix([](QDialog&) {});
-  EXPECT_EQ(status("stbResults"), "Results: Flow") << "nothing was changed";
+  EXPECT_EQ(results(), "Results: Flow") << "nothing was changed";
   fix([](QDialog& dialog) { dialog.findChild<QListWidget*>("lstSeason")->setCurrentRow(3); });
-  EXPECT_EQ(status("stbResults"), "Results: Flow") << "the month is of the next season";
+  EXPECT_EQ(results(), "Results: Flow") << "the month is of the next season";
   constexpr int rock_temp = 6;
   fix([](QDialog& dialog) {
     dialog.findChild<Value_Grid*>("grdPara")->set_value(rock_temp, "21");
   });
-  EXPECT_EQ(status("stbResults"), "Results: Flow, out of date: parameters were changed");
+  EXPECT_EQ(results(), "Results out of date: Flow, parameters were changed");
   EXPECT_EQ(rows("grdFlow"), before);
 }
 
@@ -283,20 +302,19 @@ TEST_F(Runs, What_Is_Out_Of_Date_Is_Told_Until_It_Is_Calculated_Again) {
   give("mnuAnalysisComPress");
   give("mnuAnalysisComAnnual");
   give("mnuAnalysisComSetConst_Temp");
-  EXPECT_EQ(status("stbResults"),
-            "Results: Flow at constant temperature, out of date: constant temperatures were set");
+  EXPECT_EQ(results(),
+            "Results out of date: Flow at constant temperature, constant temperatures were set");
   user_.answers = {QMessageBox::No, QMessageBox::Ok};
   give("mnuAnalysisComPress");
-  EXPECT_EQ(status("stbResults"), "Results: Flow at constant temperature");
+  EXPECT_EQ(results(), "Results: Flow at constant temperature");
   give("mnuAnalysisComAnnual");
-  EXPECT_EQ(status("stbResults"), "Results: Annual");
+  EXPECT_EQ(results(), "Results: Annual");
   user_.answers = {QMessageBox::Yes, QMessageBox::No};
   give("mnuAnalysisComMonthly");
-  EXPECT_EQ(status("stbResults"),
-            "Results: mid Autumn, out of date: the flow is not of this season");
+  EXPECT_EQ(results(), "Results out of date: mid Autumn, the flow is not of these temperatures");
   user_.answers = {QMessageBox::Yes, QMessageBox::Ok};
   give("mnuAnalysisComPress");
-  EXPECT_EQ(status("stbResults"), "Results: mid Autumn");
+  EXPECT_EQ(results(), "Results: mid Autumn");
 }
 
 TEST_F(Runs, A_Failed_Flow_Run_Closes_The_Temperature_Commands) {
@@ -310,7 +328,7 @@ TEST_F(Runs, A_Failed_Flow_Run_Closes_The_Temperature_Commands) {
   open(file);
   give("mnuAnalysisComPress");
   EXPECT_TRUE(user_.saw("Calculation Error about Gauss Reduction occurred, please check data !"));
-  EXPECT_EQ(status("stbResults"), "No results");
+  EXPECT_EQ(results(), "No results");
   EXPECT_FALSE(action("mnuAnalysisComAnnual")->isEnabled());
   EXPECT_FALSE(control<QPushButton>("Com_Calc_Annu")->isEnabled());
   EXPECT_EQ(analysis()->property("Tag").toString(), "none");
@@ -398,7 +416,7 @@ TEST_F(Runs, The_Season_Of_Results_Is_Not_The_One_To_Calculate_Next) {
     dialog.findChild<QPushButton*>("cmdOK")->click();
   });
   give("mnuAnalysisComPara");
-  EXPECT_EQ(status("stbResults"), "Results: mid Autumn");
+  EXPECT_EQ(results(), "Results: mid Autumn");
 }
 
 TEST_F(Runs, Another_Wetness_Makes_Temperatures_Old) {
@@ -409,10 +427,9 @@ TEST_F(Runs, Another_Wetness_Makes_Temperatures_Old) {
   control<QRadioButton>(evaporative ? "optWetR0" : "optWetR1")->click();
   EXPECT_EQ(action("mnuAnalysisComAnnual")->property("Tag").toString(),
             evaporative ? "area" : "evaporate");
-  EXPECT_EQ(status("stbResults"),
-            "Results: Annual, out of date: the wetness selection was changed");
+  EXPECT_EQ(results(), "Results out of date: Annual, the wetness selection was changed");
   control<QRadioButton>(evaporative ? "optWetR1" : "optWetR0")->click();
-  EXPECT_EQ(status("stbResults"), "Results: Annual");
+  EXPECT_EQ(results(), "Results: Annual");
 }
 
 }  // namespace
