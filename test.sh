@@ -12,7 +12,7 @@ if [ "$preset" = tidy ]; then
   install_packages "${build_packages[@]}" "${test_packages[@]}" clang-tidy
   build release all
   say "Checking the code"
-  find src tests bench -name '*.cpp' ! -name 'fuzz_*' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/release
+  find src tests bench -name '*.cpp' ! -name 'fuzz_*' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/release --extra-arg=-Wno-unknown-warning-option
   exit
 fi
 install_packages "${build_packages[@]}" "${test_packages[@]}"

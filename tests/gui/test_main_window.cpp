@@ -421,7 +421,9 @@ TEST_F(Main_Window, Letters_Of_Menus_Go_Before_Those_Of_Controls) {
   for (const auto& [key, name] : {std::pair(Qt::Key_A, "mnuAnalysisCom"),
                                   {Qt::Key_E, "mnuEditCom"},
                                   {Qt::Key_W, "mnuWindowCom"}}) {
-    QTest::keyClick(QApplication::focusWidget(), key, Qt::AltModifier);
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(control<QWidget>("Com_Calc_Flow"), key, Qt::AltModifier);
     EXPECT_TRUE(window_->findChild<QMenu*>(name)->isVisible()) << name;
     QTest::keyClick(window_->findChild<QMenu*>(name), Qt::Key_Escape);
     QTest::keyClick(window_->menuBar(), Qt::Key_Escape);
