@@ -360,12 +360,13 @@ TEST_F(Missing_Help, Says_Where_The_File_Should_Be) {
 }
 
 TEST_F(Help_File, What_Is_No_Help_File_Has_No_Pages) {
-  QByteArray random(5 * 1024 * 1024, Qt::Uninitialized);
+  constexpr qsizetype megabyte = 1024 * 1024;
+  QByteArray random(5 * megabyte, Qt::Uninitialized);
   QRandomGenerator generator(1);
   generator.fillRange(reinterpret_cast<quint32*>(random.data()), random.size() / 4);
   for (const QByteArray& content :
-       {random, random.left(2 * 1024 * 1024), QByteArray(), QByteArray("<h1>no id</h1> text"),
-        QByteArray("<h1 id=\"a\">A</h1>text \xff\xfe"), QByteArray(1024 * 1024, '<'),
+       {random, random.left(2 * megabyte), QByteArray(), QByteArray("<h1>no id</h1> text"),
+        QByteArray("<h1 id=\"a\">A</h1>text \xff\xfe"), QByteArray(megabyte, '<'),
         QByteArray("<h1 id=\"a\">").repeated(100000)}) {
     Help_Window window(file(content));
     window.show_index();

@@ -596,7 +596,7 @@ TEST_F(Main_Window, Settings_That_Cannot_Be_Written_Are_Told_And_The_Program_End
 }
 
 TEST_F(Main_Window, Garbage_In_The_Settings_Gives_Defaults) {
-  std::ofstream(folders().Ini_Path()) << "[Position\nTop==\xff\xfe\n\0[Files]\n1=";
+  std::ofstream(folders().Ini_Path()) << "[Position\nTop==\xff\xfe\n" << '\0' << "[Files]\n1=";
   start();
   EXPECT_FALSE(action("mnuFileComPrefile0")->isVisible());
   EXPECT_FALSE(action("Separeter12")->isVisible());
