@@ -69,6 +69,7 @@ class User : public QObject {
       pressed = answers.front();
       answers.pop_front();
     }
+    if (!box.isVisible()) return;  // answered while it was looked at
     if (box.button(pressed) != nullptr) {
       box.button(pressed)->click();
     } else {
