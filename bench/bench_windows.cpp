@@ -65,6 +65,29 @@ void Annual_Run_On_Screen(benchmark::State& state) {
 }
 BENCHMARK(Annual_Run_On_Screen)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
+// What a run pays for its labels: mostly a look at the clock, now and then a show of all of them.
+void Panel_On_Screen(benchmark::State& state) {
+  Database db = Mine(Measured_Mine::generated_550);
+  Analysis_Panel panel;
+  MDIAna window(db, panel, nullptr);
+  window.load();
+  window.show();
+  benchmark::DoNotOptimize(QTest::qWaitForWindowExposed(&window));
+  const bool all = state.range(0) != 0;
+  int number = 0;
+  static constexpr Picture whole("##0");
+  for (auto _ : state) {
+    for (auto& label : panel.lblDisp) label.set(++number % 550, whole);
+    if (all) {
+      panel.show_all();
+    } else {
+      panel.start_run();
+      panel.refresh();
+    }
+  }
+}
+BENCHMARK(Panel_On_Screen)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
 }  // namespace
 }  // namespace branok
 

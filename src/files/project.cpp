@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <system_error>
-#include <vector>
 
 #include "core/messages.h"
 
@@ -73,13 +72,11 @@ void Empty_After_Failure(Project& project) {
 }
 
 void Keep_Comments(Read_Result& result, const Comment_Template& comments,
-                   const Program_Folders& folders, Dialogue& dialogue) {
+                   const Program_Folders& folders) {
   try {
     comments.save(folders.user_template());
   } catch (const Run_Time_Error& fault) {
-    if (!result.ok) return;
-    result = {.ok = false, .line = 0, .fault = fault.what(), .silent = false};
-    dialogue.show(messages::File_Error("Read Ver.6 Data File"));
+    if (result.ok) result = {.ok = false, .line = 0, .fault = fault.what(), .silent = false};
   }
 }
 
@@ -91,39 +88,21 @@ std::string Reason(const std::filesystem::path& file, const Read_Result& result)
   return where + ": " + result.fault;
 }
 
-// Keeps boxes back until the reason that the status bar gives for them stands there.
-class Boxes_Kept_Back : public Dialogue {
- public:
-  explicit Boxes_Kept_Back(Dialogue& dialogue) : dialogue_(dialogue) {}
-  Answer show(const Message& message) override {
-    kept_.push_back(message);
-    return message.default_answer;
-  }
-  void remark(std::string_view text) override { dialogue_.remark(text); }
-  void busy(bool on) override { dialogue_.busy(on); }
-  void show_now() {
-    for (const Message& message : kept_) dialogue_.show(message);
-  }
-
- private:
-  Dialogue& dialogue_;
-  std::vector<Message> kept_;
-};
-
 }  // namespace
 
 Read_Result Open_Project(Project& project, const std::filesystem::path& file,
                          const Program_Folders& folders, Settings& settings, Dialogue& dialogue) {
   Reset_Database(project.db);
   project.template_is_stale = false;
-  Boxes_Kept_Back boxes(dialogue);
-  Read_Result result = Read_Ver6(project.db, file, project.comments, boxes);
+  Busy busy(dialogue);
+  Read_Result result = Read_Ver6(project.db, file, project.comments);
   const bool opened = result.line > 0;
-  if (opened) Keep_Comments(result, project.comments, folders, boxes);
+  if (opened) Keep_Comments(result, project.comments, folders);
+  busy.end();
   if (!result.ok) {
-    dialogue.remark(Reason(file, result));
     Empty_After_Failure(project);
-    boxes.show_now();
+    dialogue.remark(Reason(file, result));
+    if (!result.silent) dialogue.show(messages::File_Error("Read Ver.6 Data File"));
     return result;
   }
   Take_File(project, file, settings);

@@ -24,8 +24,10 @@ struct Read_Result {
 /// by those before a fault. Raises nothing.
 Read_Result Read_Ver6_Text(Database& db, std::string_view bytes, Comment_Template& comments);
 
-/// As Read_Ver6_Text, from a file, with the failure message. A file that cannot be opened leaves
-/// `comments` as they were.
+/// As Read_Ver6_Text, from a file. A file that cannot be opened leaves `comments` as they were.
+Read_Result Read_Ver6(Database& db, const std::filesystem::path& file, Comment_Template& comments);
+
+/// The same with the busy pointer and the failure message.
 Read_Result Read_Ver6(Database& db, const std::filesystem::path& file, Comment_Template& comments,
                       Dialogue& dialogue);
 

@@ -306,15 +306,20 @@ Read_Result Read_Ver6_Text(Database& db, std::string_view bytes, Comment_Templat
   return result;
 }
 
+Read_Result Read_Ver6(Database& db, const std::filesystem::path& file, Comment_Template& comments) {
+  try {
+    return Read_Ver6_Text(db, Read_Whole(file), comments);
+  } catch (const Run_Time_Error& fault) {
+    Read_Result unread;
+    unread.fault = fault.what();
+    return unread;
+  }
+}
+
 Read_Result Read_Ver6(Database& db, const std::filesystem::path& file, Comment_Template& comments,
                       Dialogue& dialogue) {
   Busy busy(dialogue);
-  Read_Result result;
-  try {
-    result = Read_Ver6_Text(db, Read_Whole(file), comments);
-  } catch (const Run_Time_Error& fault) {
-    result.fault = fault.what();
-  }
+  Read_Result result = Read_Ver6(db, file, comments);
   if (result.ok || result.silent) return result;
   busy.end();
   dialogue.show(messages::File_Error("Read Ver.6 Data File"));

@@ -11,10 +11,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/messages.h"
 #include "ui/diagram_chart.h"
 #include "ui/printing.h"
-#include "ui/qt_dialogue.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -110,11 +108,9 @@ void DlgGraph::copy() {
 }
 
 void DlgGraph::print() {
-  const auto paint = [this](QPrinter& printer) {
-    if (grhGraph->paint_page(printer)) return;
-    Qt_Dialogue(this, [](const QString&) {}).show(messages::File_Error("'Printer Error'"));
-  };
-  Print_With_Preview(this, windowTitle(), paint, QPageLayout::Landscape);
+  Print_With_Preview(
+      this, windowTitle(), [this](QPrinter& printer) { return grhGraph->paint_page(printer); },
+      QPageLayout::Landscape);
 }
 
 void Draw_Diagram(QWidget* parent, Diagram diagram) { DlgGraph(std::move(diagram), parent).exec(); }

@@ -5,10 +5,8 @@
 #include <QTreeView>
 
 #include "core/messages.h"
-#include "ui/analysis_window.h"
 #include "ui/main_window.h"
 #include "ui/qt_text.h"
-#include "ui/status_bar.h"
 
 namespace branok {
 
@@ -58,24 +56,21 @@ void BRANOK60::open_file(const std::filesystem::path& file) {
 }
 
 void BRANOK60::read_file(const std::filesystem::path& file) {
-  Busy busy(dialogue_);
-  const Read_Result result = Open_Project(project_, file, folders_, settings_, dialogue_);
-  busy.end();
-  opened(result);
+  opened(Open_Project(project_, file, folders_, settings_, dialogue_));
 }
 
 void BRANOK60::File_Recent(int row) {
-  Busy busy(dialogue_);
   const std::optional<Read_Result> result =
       Open_Recent(project_, row, folders_, settings_, dialogue_);
-  busy.end();
   if (result) opened(*result);
 }
 
 // The mine has been read, or reading has failed and left an empty one; either is shown.
 void BRANOK60::opened(const Read_Result& result) {
-  if (result.ok) last_folder_ = project_.file.parent_path();
-  if (result.ok) take_file();
+  if (result.ok) {
+    last_folder_ = project_.file.parent_path();
+    take_file();
+  }
   rebuild_recent_menu();
   refresh_windows();
   if (result.ok && area_->subWindowList().isEmpty()) analysis_window();
@@ -93,24 +88,20 @@ void BRANOK60::File_Save(int) {
 
 void BRANOK60::File_Save_As(int) { save(Save_Command::save_as); }
 
-bool BRANOK60::save(Save_Command command) {
+void BRANOK60::save(Save_Command command) {
   if (project_.db.Check_Count == 0 &&
       dialogue_.show(messages::Ask_Check_Before_Save()) == Answer::yes) {
     give_command("mnuDataComCheck");
   }
   const std::filesystem::path file =
       command == Save_Command::save ? project_.file : ask_save_name();
-  if (file.empty()) return false;
+  if (file.empty()) return;
   last_folder_ = file.parent_path();
-  Busy busy(dialogue_);
-  const bool saved = Save_Project(project_, file, folders_, settings_, dialogue_, command);
-  busy.end();
-  if (!saved) return false;
+  if (!Save_Project(project_, file, folders_, settings_, dialogue_, command)) return;
   take_file();
   dialogue_.remark("Saved " + project_.file.string());
   rebuild_recent_menu();
   refresh_status();
-  return true;
 }
 
 // The dialog starts beside the open file, else in the last folder, else at home: where it can

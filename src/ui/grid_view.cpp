@@ -5,7 +5,6 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
@@ -51,8 +50,6 @@ Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : QTableView(parent), mod
   verticalHeader()->setStyle(new Without_Grips(verticalHeader()));
   corner_ = findChild<QAbstractButton*>();
   if (corner_ != nullptr) corner_->installEventFilter(this);
-  connect(this, &QTableView::doubleClicked,
-          [this](const QModelIndex& cell) { emit row_chosen(cell.row() + Text_Grid::FixedRows); });
   connect(horizontalHeader(), &QHeaderView::sectionResized, [this](int column) {
     if (!fitting_) dragged_.insert(column);
   });
@@ -170,9 +167,6 @@ void Grid_View::paintEvent(QPaintEvent* event) {
 void Grid_View::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
     copy_selection();
-  } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
-             currentIndex().isValid()) {
-    emit row_chosen(currentIndex().row() + Text_Grid::FixedRows);
   } else {
     QTableView::keyPressEvent(event);
   }

@@ -40,8 +40,6 @@ class Grid_View : public QTableView {
  signals:
   /// The grid has got the keyboard.
   void focused();
-  /// A cell was double clicked or Enter pressed on it.
-  void row_chosen(int row);
 
  protected:
   void focusInEvent(QFocusEvent* event) override;

@@ -15,10 +15,10 @@
 #include "core/settings.h"
 #include "files/project.h"
 #include "thermal/diagrams.h"
+#include "thermal/result_basis.h"
 #include "ui/analysis_panel.h"
 #include "ui/command_table.h"
 #include "ui/qt_dialogue.h"
-#include "ui/result_basis.h"
 
 class QAction;
 class QKeyEvent;
@@ -148,7 +148,7 @@ class BRANOK60 : public QMainWindow {
 
   void read_file(const std::filesystem::path& file);
   void opened(const Read_Result& result);
-  bool save(Save_Command command);
+  void save(Save_Command command);
   [[nodiscard]] std::filesystem::path ask_save_name();
   [[nodiscard]] std::filesystem::path save_folder() const;
 

@@ -162,7 +162,7 @@ void DlgCPara::print() {
   if (dialogue_.show(messages::Ask_Print_Parameters()) != Answer::yes) return;
   Print_With_Preview(this, windowTitle(), [this](QPrinter& printer) {
     const Busy busy(dialogue_);
-    Print_Parameters(printer, lines());
+    return Print_Parameters(printer, lines());
   });
 }
 

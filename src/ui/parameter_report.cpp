@@ -79,13 +79,15 @@ void Paint_Parameters(QPainter& painter, double width, const std::vector<Report_
   painter.drawLine(QLineF(0, top, columns.all(), top));
 }
 
-void Print_Parameters(QPrinter& printer, const std::vector<Report_Line>& lines) {
-  QPainter painter(&printer);
+bool Print_Parameters(QPrinter& printer, const std::vector<Report_Line>& lines) {
+  QPainter painter;
+  if (!painter.begin(&printer)) return false;
   const double scale = printer.resolution() / pixels_an_inch;
   painter.scale(scale, scale);
   painter.translate(margin, margin);
   const double width = printer.pageRect(QPrinter::Inch).width() * pixels_an_inch;
   Paint_Parameters(painter, width - 2 * margin, lines);
+  return true;
 }
 
 }  // namespace branok

@@ -16,7 +16,7 @@ struct Report_Line {
 /// line for each parameter.
 void Paint_Parameters(QPainter& painter, double width, const std::vector<Report_Line>& lines);
 
-/// The same on a printer's page.
-void Print_Parameters(QPrinter& printer, const std::vector<Report_Line>& lines);
+/// The same on a printer's page; false when the printer or its file cannot be written.
+bool Print_Parameters(QPrinter& printer, const std::vector<Report_Line>& lines);
 
 }  // namespace branok

@@ -6,9 +6,9 @@
 #include <QTimerEvent>
 #include <QToolTip>
 
+#include "thermal/result_basis.h"
 #include "ui/lock_keys.h"
 #include "ui/qt_text.h"
-#include "ui/result_basis.h"
 
 namespace branok {
 

@@ -61,9 +61,6 @@ void BRANOK60::Help_BRN(int) {
     help_->setAttribute(Qt::WA_DeleteOnClose);
   }
   help_->show_index();
-  help_->show();
-  help_->raise();
-  help_->activateWindow();
 }
 
 void BRANOK60::Help_About(int) { DlgAbout(this).exec(); }

@@ -66,10 +66,11 @@ class Photographer {
     pages(window);
     for (const char* const name :
          {"mnuAnalysisComDiagram", "mnuAnalysisComGraph", "mnuAnalysisComLeng", "mnuDataComGraph",
-          "mnuAnalysisComPara", "mnuAnalysisComFind", "mnuHelpComAbout", "mnuOptionComFont",
-          "mnuFileComSaveAs", "mnuWinSelCom2"}) {
+          "mnuAnalysisComFind", "mnuHelpComAbout", "mnuOptionComFont", "mnuFileComSaveAs",
+          "mnuWinSelCom2"}) {
       window.give_command(name);
     }
+    parameters(window);
     menus(window);
     window.give_command("mnuHelpComBRN");
     for (QWidget* const top : QApplication::topLevelWidgets()) {
@@ -93,6 +94,17 @@ class Photographer {
     user_.answers = {QMessageBox::Yes, QMessageBox::Yes};
     window.give_command("mnuAnalysisComMonthly");
     take(window, "season");
+  }
+
+  // The dialog, its two diagrams, and the preview of its print.
+  void parameters(BRANOK60& window) {
+    user_.dialogs.push_back([](QDialog& dialog) {
+      for (const char* const name : {"Com_InAir_Temp", "Com_GrdTemp", "cmdPrint"}) {
+        dialog.findChild<QPushButton*>(name)->click();
+      }
+      dialog.reject();
+    });
+    window.give_command("mnuAnalysisComPara");
   }
 
   void pages(BRANOK60& window) {

@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 #include <array>
+#include <set>
 
 #include "airflow/flow_run.h"
 #include "core/safe_file.h"
@@ -273,6 +274,23 @@ TEST(DlgGraph, APrinterThatCannotBeWrittenToIsTold) {
   printer.setOutputFormat(QPrinter::PdfFormat);
   printer.setOutputFileName("/no/such/folder/diagram.pdf");
   EXPECT_FALSE(Chart_Of(dialog).paint_page(printer));
+}
+
+TEST(DlgGraph, CurvesDifferInTheirDashes) {
+  for (const Diagram_Kind kind : {Diagram_Kind::fan, Diagram_Kind::month}) {
+    DlgGraph dialog(Make_Diagram(Solved_Mine(), kind));
+    Diagram_Chart& chart = Chart_Of(dialog);
+    std::set<QVector<qreal>> patterns;
+    int curves = 0;
+    for (int k = 0; k < chart.plottableCount(); ++k) {
+      if (chart.plottable(k)->name() == "Working point") continue;
+      const QPen pen = chart.plottable(k)->pen();
+      patterns.insert(pen.style() == Qt::SolidLine ? QVector<qreal>() : pen.dashPattern());
+      ++curves;
+    }
+    EXPECT_GT(curves, 1);
+    EXPECT_EQ(static_cast<int>(patterns.size()), curves);
+  }
 }
 
 TEST(DlgGraph, DrawDiagramWaitsUntilClosed) {

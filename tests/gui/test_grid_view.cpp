@@ -7,7 +7,6 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace branok {
@@ -126,18 +125,6 @@ TEST_F(Large_Grid, KeepsTheWidthsThatTheUserHasDragged) {
   font.setPointSize(font.pointSize() - 1);
   view.setFont(font);
   EXPECT_LT(headings->sectionSize(2), dragged);
-}
-
-TEST_F(Large_Grid, EnterAndDoubleClickChooseARow) {
-  QSignalSpy chosen(&view, &Grid_View::row_chosen);
-  key(Qt::Key_Down);
-  key(Qt::Key_Return);
-  ASSERT_EQ(chosen.size(), 1);
-  EXPECT_EQ(chosen[0].at(0).toInt(), 2);
-  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, cell(3, 1));
-  QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, cell(3, 1));
-  ASSERT_EQ(chosen.size(), 2);
-  EXPECT_EQ(chosen[1].at(0).toInt(), 3);
 }
 
 TEST_F(Large_Grid, StaysWhereItWasWhenFilledAnew) {

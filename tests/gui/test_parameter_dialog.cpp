@@ -516,6 +516,13 @@ TEST_F(Parameter_Dialog, Values_Go_Through_The_Clipboard) {
   EXPECT_EQ(db.Para_RockCond, 4.5F);
 }
 
+TEST(Parameter_Report, Is_Not_Printed_Where_Nothing_Can_Be_Written) {
+  QPrinter printer;
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName("/no/such/folder/list.pdf");
+  EXPECT_FALSE(Print_Parameters(printer, {{.title = "Rock Temp", .value = "17.0"}}));
+}
+
 TEST_F(Parameter_Dialog, Print_Asks) {
   open();
   dialogue.answers = {Answer::no};

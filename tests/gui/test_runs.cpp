@@ -349,8 +349,7 @@ TEST_F(Runs, A_Mine_With_An_Airway_To_Nowhere_Is_Told_With_And_Without_A_Window)
   Lead_To_Nowhere(good, bad);
   open(bad);
   EXPECT_TRUE(user_.saw("Sorry, failed 'Open...' command."));
-  EXPECT_TRUE(rows("grdPress").empty() || rows("grdFlow").empty());
-  for (const QStringList& row : rows("grdFlow")) EXPECT_FALSE(row[8].isEmpty());
+  EXPECT_TRUE(rows("grdFlow").empty()) << "no row of the mine before";
   window_->findChild<QMdiArea*>()->closeAllSubWindows();
   QTRY_VERIFY_WITH_TIMEOUT(analysis() == nullptr, 2000);
   open(bad);
@@ -358,7 +357,7 @@ TEST_F(Runs, A_Mine_With_An_Airway_To_Nowhere_Is_Told_With_And_Without_A_Window)
   EXPECT_GT(rows("grdFlow").size(), 0U);
 }
 
-TEST_F(Runs, The_Busy_Pointer_Shows_During_A_Run_And_Rests_In_Its_Boxes) {
+TEST_F(Runs, The_Busy_Pointer_Rests_In_The_Boxes_Of_A_Run) {
   open(mine("mine-a.abk"));
   bool arrow_in_box = false;
   user_.look = [&](QWidget&) {

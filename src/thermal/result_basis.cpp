@@ -1,4 +1,4 @@
-#include "ui/result_basis.h"
+#include "thermal/result_basis.h"
 
 #include "thermal/parameters.h"
 
