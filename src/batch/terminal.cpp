@@ -79,6 +79,11 @@ Answer Terminal_Dialogue::show(const Message& message) {
   return answer;
 }
 
+std::optional<std::string> Terminal_Dialogue::ask(std::string_view prompt, std::string_view title) {
+  remark(std::string(title) + ": " + std::string(prompt) + " Nobody can type here.");
+  return std::nullopt;
+}
+
 void Terminal_Dialogue::remark(std::string_view text) {
   panel_.clear_line();
   Print("  (" + To_Utf8(text) + ")\n");

@@ -42,6 +42,8 @@ class Terminal_Dialogue : public Dialogue {
   Answer flow_for_season = Answer::yes;
 
   Answer show(const Message& message) override;
+  /// Nobody is there to type: the box is cancelled.
+  std::optional<std::string> ask(std::string_view prompt, std::string_view title) override;
   void remark(std::string_view text) override;
   void busy(bool) override {}
 

@@ -58,6 +58,7 @@ struct Database {
   std::string Mine_Name;
   std::string Mine_Date;
   List<std::string, 3> Mine_Note;
+  List<std::string, max_pictures> Mine_Pict;  ///< picture files of the mine; in no file
   std::int16_t Data_Ver = 0;  ///< 0 a new database, 4 or 5 older file set, 6 one-file format
 
   // --- Nodes
@@ -140,13 +141,6 @@ struct Database {
   List<float, max_thermo_rows> Thermo_Specific;  ///< kcal/(kg deg C)
   List<float, max_thermo_rows> Thermo_RockTemp;  ///< deg C
   List<std::string, max_thermo_rows> Thermo_Comm;
-
-  // --- Edit copies of picture names, by grid row, while the Database window is open
-  Picture_Names Node_PictGrid;
-  Grid<std::string, max_pictures, max_grid_rows> Grid_RootPict;
-  Grid<std::string, max_pictures, max_inlets> Inlet_PictGrid;
-  Grid<std::string, max_pictures, max_assist_fans> AFan_PictGrid;
-  List<std::int16_t, max_grid_rows> Grid_RootBad;
 
   // --- Results
   Node_Table<double> Node_Press;            ///< mmH2O

@@ -4,6 +4,7 @@
 // calculations and files never know who is asked.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,6 +41,16 @@ class Dialogue {
 
   /// Shows a box and waits for its button.
   virtual Answer show(const Message& message) = 0;
+
+  /// Shows one of a row of like questions. The user may give the answer for all that follow, which
+  /// then stands in `rest`; the asker does not show those.
+  virtual Answer show_one_of_many(const Message& message, std::optional<Answer>& rest) {
+    (void)rest;
+    return show(message);
+  }
+
+  /// An input box: the typed text, or nothing when it was cancelled.
+  virtual std::optional<std::string> ask(std::string_view prompt, std::string_view title) = 0;
 
   /// A remark beside the boxes: where a fault lies, what may be its cause. Shown in the status bar
   /// or on standard error; never waits.

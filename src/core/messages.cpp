@@ -21,6 +21,14 @@ Message Yes_No(std::string text, Topic topic) {
           .topic = topic};
 }
 
+Message Ok_Cancel(std::string text) {
+  return {.text = std::move(text),
+          .icon = Icon::question,
+          .buttons = Buttons::ok_cancel,
+          .default_answer = Answer::ok,
+          .beep = true};
+}
+
 }  // namespace
 
 Message Calculation_Error(std::string_view what) {
@@ -140,6 +148,109 @@ Message Out_Of_Range(std::string_view item, std::string_view folder, std::string
                      std::string_view high) {
   return Warning(std::string(item) + " in " + std::string(folder) + " The value should be from " +
                  std::string(low) + "  to  " + std::string(high) + " .\nChange value !");
+}
+
+Message Not_Positive(std::string_view item, std::string_view folder) {
+  return Warning(std::string(item) + " in " + std::string(folder) +
+                 "\nPlease Input Positive Value.");
+}
+
+Message Wrong_Input(std::string_view item, std::string_view folder) {
+  return Warning("Input data on " + std::string(item) + " in " + std::string(folder) +
+                 " is Wrong!");
+}
+
+Message Missing_Input(std::string_view name, std::string_view folder) {
+  return Warning("Please input " + std::string(name) + " in " + std::string(folder) +
+                 " has not inputed.");
+}
+
+Message Airway_Row_Fault(int row) {
+  return Warning("Please input airway  data on row No." + std::to_string(row));
+}
+
+Message Node_Row_Missing(int row) {
+  return Warning("Please input nodal data on row No." + std::to_string(row));
+}
+
+Message Input_Node_Number(int limit) {
+  if (limit == 0) return Warning("Input Node Number.");
+  return Warning("Input Node Number.\n(Max" + std::to_string(limit) + ")");
+}
+
+Message Same_Node_Numbers() { return Warning("Nodes have Same Number."); }
+
+Message Airway_Undefined() { return Warning("The airway No. can't define!"); }
+
+Message Airway_Exists_Already() { return Warning("Same airway is existing!"); }
+
+Message Five_Connections() { return Warning("Total connected No. is five points."); }
+
+Message Ask_Deleted_Airway(std::string_view airway) {
+  return Ok_Cancel("Deleted airway is\n" + std::string(airway));
+}
+
+Message Ask_Add_Airway(std::string_view airway) {
+  return Ok_Cancel("Add airway is " + std::string(airway) + ".");
+}
+
+Message Node_Out_Of_Range(int last, std::string_view item) {
+  return Warning("Nodal No. range =  1 - " + std::to_string(last) + "\n'" + std::string(item) +
+                 "' data is out of range.\nPlease reinput this data.");
+}
+
+Message Node_Not_Existing(int node, std::string_view folder) {
+  return Warning("Node No." + std::to_string(node) + " in " + std::string(folder) +
+                 " is not existing !");
+}
+
+Message Node_Double_Booked(std::string_view other) {
+  return Warning("Node is double booked with other " + std::string(other) + " set !");
+}
+
+Message Enter_Node(std::string_view item) {
+  return Warning("Enter the " + std::string(item) + " !");
+}
+
+Message No_Flow_Direction() {
+  return Warning("Can't set the flow direction node.\nChange the node No. !");
+}
+
+Message Change_Revolution(std::string_view which) {
+  return Warning("Change the" + std::string(which) + "revolution rate !");
+}
+
+Message Too_Few_Fan_Points(int fan) {
+  return Warning("The data of flow and head are shortage !\n( Fan #" + std::to_string(fan) + " )");
+}
+
+Message Airway_Not_Existing(std::string_view airway, std::string_view folder) {
+  return Warning("The airway " + std::string(airway) + " in " + std::string(folder) +
+                 " is Not Existing!");
+}
+
+Message Dead_End(int node) {
+  return Warning("The number of connected airways at Node No." + std::to_string(node) +
+                 " is only one.\nSet Intake node or Fan Set node at the node.");
+}
+
+Message Data_All_Right() { return Information("The data are all right !"); }
+
+Message Ask_Reset_Database() {
+  Message question = Yes_No(
+      "The database will be returned to one before the last Data-Check!\n"
+      "However, the main fan data will not be changed.\n"
+      "Do you proceed ?",
+      Topic::none);
+  question.title = "Reset Database";
+  question.default_answer = Answer::no;
+  return question;
+}
+
+Message Ask_Delete_Fan(int fan) {
+  Message question = Yes_No("Delete Main Fan No." + std::to_string(fan), Topic::none);
+  question.default_answer = Answer::no;
+  return question;
 }
 
 Message Ask_Print_Parameters() { return Yes_No("Print out parameter ?", Topic::none); }

@@ -54,6 +54,41 @@ Message Not_Numeric();
 Message Out_Of_Range(std::string_view item, std::string_view folder, std::string_view low,
                      std::string_view high);
 
+/// What the check of the data finds. `item` is the column or field in the messages' form, `folder`
+/// the folder in its own.
+Message Not_Positive(std::string_view item, std::string_view folder);
+Message Wrong_Input(std::string_view item, std::string_view folder);
+Message Missing_Input(std::string_view name, std::string_view folder);
+Message Airway_Row_Fault(int row);
+Message Node_Row_Missing(int row);
+/// The name of an airway: a number is missing (or above `limit`, when that is given), both are the
+/// same, it has more numbers than two.
+Message Input_Node_Number(int limit = 0);
+Message Same_Node_Numbers();
+Message Airway_Undefined();
+Message Airway_Exists_Already();
+Message Five_Connections();
+/// Whether an airway that is no longer in the grid goes, and one that is new in it comes. `airway`
+/// is "3 -> 7".
+Message Ask_Deleted_Airway(std::string_view airway);
+Message Ask_Add_Airway(std::string_view airway);
+/// A node number that is outside 1..`last`.
+Message Node_Out_Of_Range(int last, std::string_view item);
+Message Node_Not_Existing(int node, std::string_view folder);
+/// `other` is "Fan" or "Inlet".
+Message Node_Double_Booked(std::string_view other);
+Message Enter_Node(std::string_view item);
+Message No_Flow_Direction();
+/// `which` is " Standard " or " Driving ".
+Message Change_Revolution(std::string_view which);
+Message Too_Few_Fan_Points(int fan);
+Message Airway_Not_Existing(std::string_view airway, std::string_view folder);
+Message Dead_End(int node);
+Message Data_All_Right();
+
+Message Ask_Reset_Database();
+Message Ask_Delete_Fan(int fan);
+
 /// Before the list of calculation parameters is printed.
 Message Ask_Print_Parameters();
 

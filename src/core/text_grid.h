@@ -2,6 +2,7 @@
 // selection. Windows only show it; filling, copying and editing need no window.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,17 @@ class Text_Grid {
   /// Makes room for `rows` data rows, all empty.
   void set_data_rows(int rows);
 
+  /// Puts `count` empty rows before `row`; Rows() puts them at the end. Raises Run_Time_Error for a
+  /// heading row or a row outside the grid.
+  void insert_rows(int row, int count);
+  /// Takes rows away; what is current stays inside the grid. Raises as insert_rows does.
+  void remove_rows(int row, int count);
+
+  /// The texts of a row, all columns.
+  [[nodiscard]] std::span<const std::string> row(int row) const;
+  /// True when no cell of the row holds more than blanks.
+  [[nodiscard]] bool is_blank(int row) const;
+
   // The current cell and the far corner of the selection; a row of 0 means that none is current.
   int Row = 0, Col = 0;
   int RowSel = 0, ColSel = 0;
@@ -37,6 +49,17 @@ class Text_Grid {
   /// The texts of the selection: cells of a row separated by a tab, rows by CR; none after the last
   /// row. Empty when nothing is selected.
   [[nodiscard]] std::string Clip() const;
+  /// Spreads such a text over the selection: what the text has beyond it is left out, and where a
+  /// line of the text has fewer cells the grid's cells stay as they are.
+  void set_Clip(std::string_view text);
+
+  /// Selects a block from the current cell on; it is cut at the edges of the grid.
+  void select(int row, int col, int last_row, int last_col);
+
+  /// The two grids hold the same texts; what is selected does not matter.
+  bool operator==(const Text_Grid& other) const {
+    return cols_ == other.cols_ && cells_ == other.cells_;
+  }
 
  private:
   [[nodiscard]] std::size_t place(int row, int col) const;

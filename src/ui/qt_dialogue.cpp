@@ -1,6 +1,7 @@
 #include "ui/qt_dialogue.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -97,7 +98,17 @@ Qt_Dialogue::Qt_Dialogue(QWidget* window, std::function<void(const QString&)> on
 
 Qt_Dialogue::~Qt_Dialogue() { end_busy(); }
 
-Answer Qt_Dialogue::show(const Message& message) {
+Answer Qt_Dialogue::show(const Message& message) { return show_box(message, nullptr); }
+
+Answer Qt_Dialogue::show_one_of_many(const Message& message, std::optional<Answer>& rest) {
+  QCheckBox for_all("The same for &all that follow");
+  for_all.setObjectName("chkForAll");
+  const Answer answer = show_box(message, &for_all);
+  if (for_all.isChecked()) rest = answer;
+  return answer;
+}
+
+Answer Qt_Dialogue::show_box(const Message& message, QCheckBox* for_all) {
   // The arithmetic of painting is not the calculation's that shows the box.
   const Float_Faults painting;
   before_box();
@@ -115,9 +126,12 @@ Answer Qt_Dialogue::show(const Message& message) {
                       : message.buttons == Buttons::yes_no ? QMessageBox::No
                                                            : QMessageBox::Cancel;
   box.setEscapeButton(escape);
+  if (for_all != nullptr) box.setCheckBox(for_all);
   Widen_For_Title(box);
   if (message.beep) QApplication::beep();
-  return Box_Answer(box.exec());
+  const Answer answer = Box_Answer(box.exec());
+  if (for_all != nullptr) for_all->setParent(nullptr);  // it outlives the box
+  return answer;
 }
 
 void Qt_Dialogue::remark(std::string_view text) { on_remark_(To_Qt(text)); }
@@ -137,6 +151,9 @@ void Qt_Dialogue::end_busy() {
 }
 
 std::optional<std::string> Qt_Dialogue::ask(std::string_view prompt, std::string_view title) {
+  const Float_Faults painting;
+  before_box();
+  const Arrow_Pointer arrow(busy_ > 0);
   QInputDialog box(window_);
   box.setObjectName("boxInput");
   box.setWindowTitle(To_Qt(title));

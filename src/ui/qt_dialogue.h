@@ -9,6 +9,8 @@
 
 #include "core/dialogue.h"
 
+class QCheckBox;
+
 namespace branok {
 
 class Qt_Dialogue : public Dialogue {
@@ -24,6 +26,9 @@ class Qt_Dialogue : public Dialogue {
   /// Beeps when the message asks for it, shows the box with its icon, buttons and default button,
   /// and waits. Escape gives Cancel, else No, else OK. The busy pointer rests meanwhile.
   Answer show(const Message& message) override;
+  /// The same box with a check box for all that follow.
+  Answer show_one_of_many(const Message& message, std::optional<Answer>& rest) override;
+  std::optional<std::string> ask(std::string_view prompt, std::string_view title) override;
   void remark(std::string_view text) override;
   void busy(bool on) override;
 
@@ -33,10 +38,10 @@ class Qt_Dialogue : public Dialogue {
   /// Restores the pointer, whatever a failed command left.
   void end_busy();
 
-  /// An input box: the typed text, or nothing when it was cancelled.
-  std::optional<std::string> ask(std::string_view prompt, std::string_view title);
 
  private:
+  Answer show_box(const Message& message, QCheckBox* for_all);
+
   QWidget* window_;
   std::function<void(const QString&)> on_remark_;
   int busy_ = 0;

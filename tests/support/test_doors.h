@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,10 @@ class Test_Dialogue : public Dialogue {
  public:
   std::vector<Message> shown;
   std::vector<std::string> remarks;
-  std::deque<Answer> answers;  ///< taken in turn; when empty a box gets its default answer
+  std::deque<Answer> answers;      ///< taken in turn; when empty a box gets its default answer
+  std::vector<std::string> asked;  ///< prompts and titles of input boxes
+  std::deque<std::optional<std::string>> typed;  ///< into them, in turn; then they are cancelled
+  std::optional<Answer> for_all;                 ///< given once to one of many questions
   int busy_depth = 0;
   int times_busy = 0;
 
@@ -24,6 +28,18 @@ class Test_Dialogue : public Dialogue {
     const Answer answer = answers.front();
     answers.pop_front();
     return answer;
+  }
+  Answer show_one_of_many(const Message& message, std::optional<Answer>& rest) override {
+    const Answer answer = show(message);
+    rest = for_all;
+    return for_all.value_or(answer);
+  }
+  std::optional<std::string> ask(std::string_view prompt, std::string_view title) override {
+    asked.push_back(std::string(title) + ": " + std::string(prompt));
+    if (typed.empty()) return std::nullopt;
+    std::optional<std::string> text = typed.front();
+    typed.pop_front();
+    return text;
   }
   void remark(std::string_view text) override { remarks.emplace_back(text); }
   void busy(bool on) override {

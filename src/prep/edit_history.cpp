@@ -1,0 +1,154 @@
+#include "prep/edit_history.h"
+
+#include <algorithm>
+
+namespace branok {
+
+namespace {
+
+constexpr std::size_t most_cells = 4'000'000;  // kept for undo, about 150 MB at worst
+
+bool Same_Row(const Edit_Copy& a, int row_a, const Edit_Copy& b, int row_b, Folder folder) {
+  const auto cells_a = a.grid(folder).row(row_a);
+  const auto cells_b = b.grid(folder).row(row_b);
+  if (!std::equal(cells_a.begin(), cells_a.end(), cells_b.begin())) return false;
+  const Picture_Rows* const names = a.pictures(folder);
+  return names == nullptr || (*names)[static_cast<std::size_t>(row_a)] ==
+                                 (*b.pictures(folder))[static_cast<std::size_t>(row_b)];
+}
+
+bool Same_Pages(const Edit_Copy& a, const Edit_Copy& b) {
+  return a.MFan_GridTotal == b.MFan_GridTotal && a.fan_pages == b.fan_pages;
+}
+
+}  // namespace
+
+void Edit_History::start(const Edit_Copy& copy) {
+  last_ = copy;
+  undo_.clear();
+  redo_.clear();
+  kept_ = 0;
+}
+
+bool Edit_History::note(const Edit_Copy& copy) {
+  Step step;
+  for (const Folder folder : all_folders) {
+    if (folder == Folder::mainfan) continue;
+    if (auto change = Difference(last_, copy, folder)) {
+      step.size += change->before.cells.size() + change->after.cells.size();
+      step.changes.push_back(std::move(*change));
+    }
+  }
+  if (!Same_Pages(last_, copy)) {
+    step.before = Pages{last_.fan_pages, last_.MFan_GridTotal, last_.fan_in_front};
+    step.after = Pages{copy.fan_pages, copy.MFan_GridTotal, copy.fan_in_front};
+    step.size += 2 * max_main_fans * max_fan_points * fan_column::count;
+  }
+  if (step.size == 0) return false;
+  apply(step, false, last_);
+  for (const Step& undone : redo_) kept_ -= undone.size;
+  redo_.clear();
+  kept_ += step.size;
+  undo_.push_back(std::move(step));
+  forget_oldest();
+  return true;
+}
+
+std::optional<Edit_Place> Edit_History::undo(Database& db, Edit_Copy& copy) {
+  return move(undo_, redo_, true, db, copy);
+}
+
+std::optional<Edit_Place> Edit_History::redo(Database& db, Edit_Copy& copy) {
+  return move(redo_, undo_, false, db, copy);
+}
+
+// The rows that differ: those between what is the same at the beginning and at the end.
+std::optional<Edit_History::Change> Edit_History::Difference(const Edit_Copy& from,
+                                                             const Edit_Copy& to, Folder folder) {
+  const int rows_from = from.grid(folder).Rows();
+  const int rows_to = to.grid(folder).Rows();
+  const int shorter = std::min(rows_from, rows_to);
+  int first = Text_Grid::FixedRows;
+  while (first < shorter && Same_Row(from, first, to, first, folder)) ++first;
+  if (first == rows_from && first == rows_to) return std::nullopt;
+  int end_from = rows_from;
+  int end_to = rows_to;
+  while (end_from > first && end_to > first &&
+         Same_Row(from, end_from - 1, to, end_to - 1, folder)) {
+    --end_from;
+    --end_to;
+  }
+  return Change{folder, first, Copy_Rows(from, folder, first, end_from - first),
+                Copy_Rows(to, folder, first, end_to - first)};
+}
+
+Edit_History::Rows Edit_History::Copy_Rows(const Edit_Copy& copy, Folder folder, int first,
+                                           int count) {
+  Rows rows;
+  rows.count = count;
+  for (int row = first; row < first + count; ++row) {
+    const auto cells = copy.grid(folder).row(row);
+    rows.cells.insert(rows.cells.end(), cells.begin(), cells.end());
+    const Picture_Rows* const names = copy.pictures(folder);
+    if (names != nullptr) rows.pictures.push_back((*names)[static_cast<std::size_t>(row)]);
+  }
+  return rows;
+}
+
+void Edit_History::Put_Rows(Edit_Copy& copy, Folder folder, int first, int old_count,
+                            const Rows& rows) {
+  Text_Grid& grid = copy.grid(folder);
+  grid.remove_rows(first, old_count);
+  grid.insert_rows(first, rows.count);
+  auto cell = rows.cells.begin();
+  for (int row = first; row < first + rows.count; ++row) {
+    for (int col = 0; col < grid.Cols(); ++col) grid.set_text(row, col, *cell++);
+  }
+  if (Picture_Rows* const names = copy.pictures(folder)) {
+    names->erase(names->begin() + first, names->begin() + first + old_count);
+    names->insert(names->begin() + first, rows.pictures.begin(), rows.pictures.end());
+  }
+}
+
+void Edit_History::apply(const Step& step, bool back, Edit_Copy& copy) const {
+  for (const Change& change : step.changes) {
+    const Rows& old_rows = back ? change.after : change.before;
+    const Rows& new_rows = back ? change.before : change.after;
+    Put_Rows(copy, change.folder, change.first, old_rows.count, new_rows);
+  }
+  if (const std::optional<Pages>& pages = back ? step.before : step.after) {
+    copy.fan_pages = pages->fan_pages;
+    copy.MFan_GridTotal = pages->MFan_GridTotal;
+    copy.fan_in_front = pages->fan_in_front;
+  }
+}
+
+std::optional<Edit_Place> Edit_History::move(std::deque<Step>& from, std::deque<Step>& to,
+                                             bool back, Database& db, Edit_Copy& copy) {
+  if (from.empty()) return std::nullopt;
+  Step step = std::move(from.back());
+  from.pop_back();
+  apply(step, back, copy);
+  apply(step, back, last_);
+  Edit_Place place;
+  if (step.before) {
+    db.MFan_GridTotal = static_cast<std::int16_t>(copy.MFan_GridTotal);
+    Note_Edit(db, Folder::mainfan);
+    place = {.folder = Folder::mainfan, .fan = copy.fan_in_front};
+  }
+  for (const Change& change : step.changes) {
+    Note_Edit(db, change.folder);
+    place = {.folder = change.folder, .row = change.first};
+  }
+  to.push_back(std::move(step));
+  return place;
+}
+
+void Edit_History::forget_oldest() {
+  while (kept_ > most_cells && undo_.size() > 1) {
+    kept_ -= undo_.front().size;
+    undo_.pop_front();
+  }
+}
+
+}  // namespace branok
