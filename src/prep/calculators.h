@@ -15,13 +15,13 @@ enum class Calculator { resistance, length, perimeter, friction, standard, heigh
 /// selected ones, from the lower to the higher. A row without any text is passed over. A missing or
 /// wrong input is told by its message and ends the command at that row; rows done so far are kept.
 /// Returns where it ended, nothing when all rows were done. What has been written is noted as an
-/// edit.
+/// edit. Raises Run_Time_Error, naming the row, when a number becomes too large.
 std::optional<Edit_Place> Calculate(Database& db, Edit_Copy& copy, Calculator calculator,
                                     Dialogue& dialogue);
 
 /// Friction factor of an airway of `resist` murgue: area m2, length m, perimeter m. Perimeters
 /// below 0.01 m and lengths below 0.3 m are raised to that, in the caller's variables. At most
-/// 99999. Raises Run_Time_Error on overflow. Source: fric = R A^3 / (L P) (Atkinson), in murgue.
+/// 99999. Source: fric = R A^3 / (L P) (Atkinson), in murgue.
 float Calc_Fric(float resist, float area, float& length, float& peri);
 
 /// Straight-line distance of two nodes in m, cut to one decimal.
