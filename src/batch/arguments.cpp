@@ -29,6 +29,9 @@ constexpr std::array options = {
     Option{"--set", Step_Kind::set, "NAME=VALUE"},
     Option{"--constant-temperature", Step_Kind::constant_temperature, ""},
     Option{"--switch", Step_Kind::switch_airway, "I-J"},
+    Option{"--check", Step_Kind::check, ""},
+    Option{"--calculate", Step_Kind::calculate,
+           "resistance|length|perimeter|friction|standard|height"},
     Option{"--save", Step_Kind::save, "FILE.abk"},
     Option{"--csv", Step_Kind::csv, "FOLDER"},
     Option{"--table", Step_Kind::table, ""},
@@ -87,6 +90,20 @@ void Read_Airway(Step& step) {
   step.node2 = *j;
 }
 
+void Read_Calculator(Step& step) {
+  // In the order of Calculator.
+  constexpr std::array<std::string_view, 6> words = {"resistance", "length",   "perimeter",
+                                                     "friction",   "standard", "height"};
+  const auto* const word = std::find(words.begin(), words.end(), step.text);
+  if (word == words.end()) {
+    throw Wrong_Usage(
+        "--calculate takes resistance, length, perimeter, friction, standard or "
+        "height, not '" +
+        step.text + "'");
+  }
+  step.calculator = static_cast<Calculator>(word - words.begin());
+}
+
 void Read_Value(Step& step) {
   switch (step.kind) {
     case Step_Kind::season:
@@ -98,6 +115,8 @@ void Read_Value(Step& step) {
       return Read_Setting(step);
     case Step_Kind::switch_airway:
       return Read_Airway(step);
+    case Step_Kind::calculate:
+      return Read_Calculator(step);
     default:
       break;
   }
@@ -172,6 +191,15 @@ Settings, for the steps that follow
   --switch I-J                closes the airway between nodes I and J, or opens
                               it again; one above 10000 murgue stays as it is
 
+The network
+  --check                     checks the whole mine as the Database window would
+                              show it, fills in what is blank and takes it over
+  --calculate WHAT            computes a value of every airway, then checks:
+                              resistance (from the friction factor), length
+                              (between the two nodes), perimeter (from the area),
+                              friction (from the resistance), standard (friction
+                              factors of the table), height (from area and shape)
+
 Output
   --save FILE.abk             writes the mine with its results
   --csv FOLDER                writes nodes.csv and airways.csv, full precision
@@ -182,11 +210,11 @@ Anywhere
   --trace                     a line for each solver pass and temperature sweep
   --help (-h), --version
 
-Questions that a run asks are answered Yes, unless the step says otherwise;
+Questions that a step asks are answered Yes or OK, unless the step says otherwise;
 every message is printed to standard error. Nothing else is written anywhere.
 
-Exit code: 0 all steps done; 1 a run failed, its message printed, and the steps
-after it were not taken; 2 wrong usage; 3 a file could not be read or written.
+Exit code: 0 all steps done; 1 a run or a check failed, its message printed, and
+the steps after it were not taken; 2 wrong usage; 3 a file could not be read or written.
 )";
 }
 

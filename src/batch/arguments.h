@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "prep/calculators.h"
+
 namespace branok {
 
 enum class Step_Kind {
@@ -19,6 +21,8 @@ enum class Step_Kind {
   set,
   constant_temperature,
   switch_airway,
+  check,
+  calculate,
   save,
   csv,
   table,
@@ -26,10 +30,12 @@ enum class Step_Kind {
 
 struct Step {
   Step_Kind kind;
-  std::string text;  ///< the wet-wall method, the file, the folder, or a parameter's value
+  /// The wet-wall method, the calculator, the file, the folder, or a parameter's value.
+  std::string text;
   std::string name;  ///< a parameter's name
   int month = 0;
   int node1 = 0, node2 = 0;
+  Calculator calculator = Calculator::resistance;
 };
 
 enum class Progress { normal, quiet, trace };

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <utility>
 
 #include "airflow/flow_run.h"
 #include "batch/arguments.h"
@@ -11,6 +12,7 @@
 #include "core/text.h"
 #include "files/comment_template.h"
 #include "files/ver6.h"
+#include "prep/check.h"
 #include "thermal/annual.h"
 #include "thermal/parameters.h"
 #include "thermal/seasonal.h"
@@ -35,11 +37,14 @@ class Session {
   Exit annual();
   Exit season(int month, Answer with_flow);
   Exit change_switch(const Step& step);
+  Exit check();
+  Exit calculate(const Step& step);
   Exit save(const std::filesystem::path& file);
   Exit csv(const std::filesystem::path& folder);
   Exit refuse(const std::string& why);
 
   Database db_;
+  Edit_Copy copy_;             // what a check and the calculators work on
   Comment_Template comments_;  // of the mine: they go back into its saves
   Terminal_Panel panel_;
   Terminal_Dialogue dialogue_;
@@ -125,6 +130,24 @@ Exit Session::change_switch(const Step& step) {
   return Exit::done;
 }
 
+Exit Session::check() {
+  Fill_Database_Window(db_, copy_);
+  Mark_All_Edited(db_);
+  const bool passed = Check_Data(db_, copy_, dialogue_).passed;
+  Print(std::string("Check of the data: ") + (passed ? "passed\n" : "failed\n"));
+  return passed ? Exit::done : Exit::run_failed;
+}
+
+Exit Session::calculate(const Step& step) {
+  Fill_Database_Window(db_, copy_);
+  const std::int16_t range = std::exchange(db_.Opt_CalRange, std::int16_t{-1});
+  const std::optional<Edit_Place> fault = Calculate(db_, copy_, step.calculator, dialogue_);
+  db_.Opt_CalRange = range;
+  const bool passed = !fault && Check_Data(db_, copy_, dialogue_).passed;
+  Print("Calculate " + step.text + (passed ? ": done for all airways\n" : ": failed\n"));
+  return passed ? Exit::done : Exit::run_failed;
+}
+
 Exit Session::save(const std::filesystem::path& file) {
   if (!Write_Ver6(db_, file, comments_, dialogue_)) return Exit::file_failed;
   Print("Saved " + file.string() + '\n');
@@ -173,6 +196,10 @@ Exit Session::take(const Step& step) {
       return Exit::done;
     case Step_Kind::switch_airway:
       return change_switch(step);
+    case Step_Kind::check:
+      return check();
+    case Step_Kind::calculate:
+      return calculate(step);
     case Step_Kind::save:
       return save(step.text);
     case Step_Kind::csv:
