@@ -95,7 +95,8 @@ void Text_Grid::set_Clip(std::string_view text) {
 void Text_Grid::select(int row, int col, int last_row, int last_col) {
   Row = std::clamp(row, 0, Rows() - 1);
   Col = std::clamp(col, 0, Cols() - 1);
-  RowSel = std::clamp(last_row, 0, Rows() - 1);
+  // From a data row no selection reaches into the headings.
+  RowSel = std::clamp(last_row, std::min(Row, FixedRows), Rows() - 1);
   ColSel = std::clamp(last_col, 0, Cols() - 1);
 }
 

@@ -53,7 +53,8 @@ class Text_Grid {
   /// line of the text has fewer cells the grid's cells stay as they are.
   void set_Clip(std::string_view text);
 
-  /// Selects a block from the current cell on; it is cut at the edges of the grid.
+  /// Selects a block from the current cell on; it is cut at the edges of the grid and, from a data
+  /// row, at the headings.
   void select(int row, int col, int last_row, int last_col);
 
   /// The two grids hold the same texts; what is selected does not matter.

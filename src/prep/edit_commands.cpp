@@ -129,12 +129,13 @@ Paste_Result Paste_Insert(Database& db, Edit_Copy& copy, std::string_view text) 
   const int filled = grid.Rows() - 1 - (grid.is_blank(grid.Rows() - 1) ? 1 : 0);
   extent.no_room = extent.rows > max_grid_rows - filled;
   if (extent.no_room) return extent;
-  grid.Row = Current_Row(grid);
+  const int row = Current_Row(grid);
   // The empty row at the end makes room where the grid is full.
   const int over = grid.Rows() - 1 + extent.rows - max_grid_rows;
   if (over > 0) grid.remove_rows(grid.Rows() - over, over);
   copy.fit_pictures();
-  Insert_Empty_Rows(copy, std::min(grid.Row, grid.Rows()), extent.rows);
+  Insert_Empty_Rows(copy, row, extent.rows);
+  grid.Row = row;
   Edit_Flag(db, Folder::airway) = 1;
   Select_And_Fill(grid, extent, text);
   Take_Picture_Column(copy, Folder::airway);
@@ -245,7 +246,11 @@ int Find_Row(const Database& db, const Edit_Copy& copy, Folder folder, int numbe
   } else {
     return 0;
   }
-  return std::min(row, copy.grid(folder).Rows() - 1);
+  // The highest node has no airway of its own: its search ends at the last airway, not in the empty
+  // row behind it.
+  const Text_Grid& grid = copy.grid(folder);
+  const int last = grid.Rows() - 1;
+  return std::min(row, last > 1 && grid.is_blank(last) ? last - 1 : last);
 }
 
 }  // namespace branok

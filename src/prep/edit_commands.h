@@ -73,8 +73,9 @@ bool Set_Fan_Field(Database& db, Edit_Copy& copy, int field, std::string_view te
 bool Set_Surface_Fan(Database& db, Edit_Copy& copy, bool surface);
 
 /// The row of the node or airway grid that a search for a node number goes to: the node's row, or
-/// that of the next node with connections; the first airway of that node as the tables hold it. A
-/// number above Node_Total stands for Node_Total. 0 on folders that are not searched.
+/// that of the next node with connections; the first airway of that node as the tables hold it, or
+/// the last airway of all. A number above Node_Total stands for Node_Total. 0 on folders that are
+/// not searched.
 int Find_Row(const Database& db, const Edit_Copy& copy, Folder folder, int number);
 
 }  // namespace branok

@@ -188,6 +188,7 @@ Edit_Copy::Edit_Copy()
       grdAFan(With_Rows(Assist_Grid(), max_assist_fans, "# ")),
       grdThermo(With_Rows(Thermo_Grid(), max_thermo_rows, "# ")) {
   grdRoot.set_data_rows(1);
+  fit_pictures();
 }
 
 Text_Grid& Edit_Copy::grid(Folder folder) {
@@ -275,7 +276,7 @@ void Fill_Airways(const Database& db, Edit_Copy& copy) {
   int airways = 0;
   for (int i = 1; i <= db.Node_Total; ++i) airways += db.Node_UpCount[i];
   Text_Grid grid = Root_Grid();
-  grid.set_data_rows(airways);
+  grid.set_data_rows(std::min(airways + 1, max_grid_rows));
   Picture_Rows pictures(static_cast<std::size_t>(grid.Rows()));
   int row = 0;
   for (int i = 1; i <= db.Node_Total; ++i) {
@@ -288,7 +289,6 @@ void Fill_Airways(const Database& db, Edit_Copy& copy) {
   }
   Replace(copy.grdRoot, std::move(grid));
   copy.Grid_RootPict = std::move(pictures);
-  Leave_Empty_Row(copy);
 }
 
 void Fill_Nodes(const Database& db, Edit_Copy& copy) {

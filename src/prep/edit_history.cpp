@@ -17,8 +17,12 @@ bool Same_Row(const Edit_Copy& a, int row_a, const Edit_Copy& b, int row_b, Fold
                                  (*b.pictures(folder))[static_cast<std::size_t>(row_b)];
 }
 
-bool Same_Pages(const Edit_Copy& a, const Edit_Copy& b) {
-  return a.MFan_GridTotal == b.MFan_GridTotal && a.fan_pages == b.fan_pages;
+// The first main-fan page that the two copies do not have alike, 0 when there is none.
+int First_Other_Page(const Edit_Copy& a, const Edit_Copy& b) {
+  for (int f = 1; f <= max_main_fans; ++f) {
+    if (!(a.fan(f) == b.fan(f))) return f;
+  }
+  return a.MFan_GridTotal == b.MFan_GridTotal ? 0 : std::max(a.MFan_GridTotal, b.MFan_GridTotal);
 }
 
 }  // namespace
@@ -39,9 +43,10 @@ bool Edit_History::note(const Edit_Copy& copy) {
       step.changes.push_back(std::move(*change));
     }
   }
-  if (!Same_Pages(last_, copy)) {
-    step.before = Pages{last_.fan_pages, last_.MFan_GridTotal, last_.fan_in_front};
-    step.after = Pages{copy.fan_pages, copy.MFan_GridTotal, copy.fan_in_front};
+  step.fan = First_Other_Page(last_, copy);
+  if (step.fan != 0) {
+    step.before = Pages{last_.fan_pages, last_.MFan_GridTotal};
+    step.after = Pages{copy.fan_pages, copy.MFan_GridTotal};
     step.size += 2 * max_main_fans * max_fan_points * fan_column::count;
   }
   if (step.size == 0) return false;
@@ -119,7 +124,8 @@ void Edit_History::apply(const Step& step, bool back, Edit_Copy& copy) const {
   if (const std::optional<Pages>& pages = back ? step.before : step.after) {
     copy.fan_pages = pages->fan_pages;
     copy.MFan_GridTotal = pages->MFan_GridTotal;
-    copy.fan_in_front = pages->fan_in_front;
+    // The page that has changed comes to the front, wherever the engineer has been since.
+    copy.fan_in_front = std::min(step.fan, copy.MFan_GridTotal);
   }
 }
 
@@ -138,7 +144,8 @@ std::optional<Edit_Place> Edit_History::move(std::deque<Step>& from, std::deque<
   }
   for (const Change& change : step.changes) {
     Note_Edit(db, change.folder);
-    place = {.folder = change.folder, .row = change.first};
+    const int last = copy.grid(change.folder).Rows() - 1;
+    place = {.folder = change.folder, .row = std::min(change.first, last)};
   }
   to.push_back(std::move(step));
   return place;

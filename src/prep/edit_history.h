@@ -45,11 +45,11 @@ class Edit_History {
   struct Pages {
     std::array<Fan_Page, max_main_fans> fan_pages;
     int MFan_GridTotal = 0;
-    int fan_in_front = 0;
   };
   struct Step {
     std::vector<Change> changes;
     std::optional<Pages> before, after;  // of the main fans, when they differ
+    int fan = 0;                         // the first that differs
     std::size_t size = 0;                // cells kept
   };
 
