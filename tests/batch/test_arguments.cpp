@@ -21,6 +21,21 @@ TEST(Arguments, StepsAreKeptInTheirOrder) {
   EXPECT_EQ(a.steps[4].text, "x.abk");
 }
 
+TEST(Arguments, CheckAndCalculators) {
+  const std::vector<std::pair<const char*, Calculator>> words = {
+      {"resistance", Calculator::resistance}, {"length", Calculator::length},
+      {"perimeter", Calculator::perimeter},   {"friction", Calculator::friction},
+      {"standard", Calculator::standard},     {"height", Calculator::height}};
+  for (const auto& [word, calculator] : words) {
+    const Arguments a = Parse_Arguments({"mine.abk", "--check", "--calculate", word});
+    ASSERT_EQ(a.steps.size(), 2U);
+    EXPECT_EQ(a.steps[0].kind, Step_Kind::check);
+    EXPECT_EQ(a.steps[1].kind, Step_Kind::calculate);
+    EXPECT_EQ(a.steps[1].calculator, calculator);
+    EXPECT_EQ(a.steps[1].text, word);
+  }
+}
+
 TEST(Arguments, HelpAndVersionNeedNoMine) {
   EXPECT_TRUE(Parse_Arguments({"--help"}).help);
   EXPECT_TRUE(Parse_Arguments({"--version"}).version);
@@ -30,8 +45,8 @@ TEST(Arguments, HelpNamesEveryOption) {
   for (const char* option :
        {"--flow ", "--flow-from-results", "--annual", "--season MONTH",
         "--season-temperature MONTH", "--wet area|evaporate", "--set NAME=VALUE",
-        "--constant-temperature", "--switch I-J", "--save FILE.abk", "--csv FOLDER", "--table",
-        "--quiet", "--trace", "--version"}) {
+        "--constant-temperature", "--switch I-J", "--check ", "--calculate WHAT", "--save FILE.abk",
+        "--csv FOLDER", "--table", "--quiet", "--trace", "--version"}) {
     EXPECT_NE(Usage().find(option), std::string_view::npos) << option;
   }
 }
@@ -55,6 +70,10 @@ TEST(Arguments, WrongUsageIsTold) {
       {"a.abk", "--switch", "12"},
       {"a.abk", "--switch", "0-5"},
       {"a.abk", "--switch", "1-551"},
+      {"a.abk", "--calculate"},
+      {"a.abk", "--calculate", ""},
+      {"a.abk", "--calculate", "Resistance"},
+      {"a.abk", "--calculate", "all"},
       {"a.abk", "--save", ""},
   };
   for (const auto& words : wrong) {
