@@ -136,6 +136,13 @@ Message Ask_Exit(bool checked) {
           .beep = true};
 }
 
+Message Ask_Leave_Mine() {
+  Message question = Yes_No(
+      "The edited Data may be lost.\nDo you really want to leave the present mine?", Topic::none);
+  question.default_answer = Answer::no;
+  return question;
+}
+
 Message Not_Available_Yet(std::string_view command) {
   std::string text = "\"";
   text.append(command).append("\" is not available yet.");

@@ -43,6 +43,9 @@ Message Ask_Check_Before_Save();
 /// Before the program ends; `checked` tells of checks since the last open or save.
 Message Ask_Exit(bool checked);
 
+/// Before another mine takes the place of one whose edits are in no file.
+Message Ask_Leave_Mine();
+
 /// A command that is still to come.
 Message Not_Available_Yet(std::string_view command);
 

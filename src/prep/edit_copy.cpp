@@ -162,6 +162,31 @@ void Replace(Text_Grid& grid, Text_Grid fresh) {
   grid = std::move(fresh);
 }
 
+void Fill_Folder(const Database& db, Edit_Copy& copy, Folder folder) {
+  switch (folder) {
+    case Folder::airway:
+      return Fill_Airways(db, copy);
+    case Folder::node:
+      return Fill_Nodes(db, copy);
+    case Folder::inlet:
+      return Fill_Inlets(db, copy);
+    case Folder::mainfan:
+      return Fill_Fans(db, copy);
+    case Folder::assistfan:
+      return Fill_Assist_Fans(db, copy);
+    case Folder::thermal:
+      return Fill_Thermal(db, copy);
+  }
+}
+
+bool Same_Texts(const Edit_Copy& a, const Edit_Copy& b, Folder folder) {
+  if (folder == Folder::mainfan) {
+    return a.MFan_GridTotal == b.MFan_GridTotal && a.fan_pages == b.fan_pages;
+  }
+  const Picture_Rows* const names = a.pictures(folder);
+  return a.grid(folder) == b.grid(folder) && (names == nullptr || *names == *b.pictures(folder));
+}
+
 bool Ends_A_Cell(char c) { return c == '\r' || c == '\n' || c == '\t'; }
 
 }  // namespace
@@ -262,13 +287,8 @@ int Picture_Column(Folder folder) {
 }
 
 void Fill_Database_Window(const Database& db, Edit_Copy& copy) {
-  Edit_Copy fresh;
-  Fill_Airways(db, fresh);
-  Fill_Nodes(db, fresh);
-  Fill_Inlets(db, fresh);
-  Fill_Fans(db, fresh);
-  Fill_Assist_Fans(db, fresh);
-  Fill_Thermal(db, fresh);
+  Edit_Copy fresh = copy;
+  for (const Folder folder : all_folders) Fill_Folder(db, fresh, folder);
   copy = std::move(fresh);
 }
 
@@ -375,6 +395,17 @@ std::string Format_Fan_Field(int field, std::string_view text) {
   } catch (const Run_Time_Error&) {
     return std::string(text);
   }
+}
+
+std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy) {
+  Edit_Copy checked;
+  std::vector<Folder> unchecked;
+  for (const Folder folder : all_folders) {
+    if (Edit_Flag(const_cast<Database&>(db), folder) == 0) continue;
+    Fill_Folder(db, checked, folder);
+    if (!Same_Texts(copy, checked, folder)) unchecked.push_back(folder);
+  }
+  return unchecked;
 }
 
 std::int16_t& Edit_Flag(Database& db, Folder folder) {

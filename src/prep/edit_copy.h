@@ -124,8 +124,9 @@ struct Edit_Place {
 
 // --- From the tables to the texts
 
-/// Fills all grids. Raises Run_Time_Error, and the grids stay as they were, when a table holds a
-/// number that no grid can show (a winding that has no letter).
+/// Fills all grids; what is current and selected in them stays. Raises Run_Time_Error, and the
+/// grids stay as they were, when a table holds a number that no grid can show (a winding that has
+/// no letter).
 void Fill_Database_Window(const Database& db, Edit_Copy& copy);
 
 /// The single folders. The airway grid ends in one empty row, where the next airway is typed.
@@ -139,6 +140,10 @@ void Fill_Thermal(const Database& db, Edit_Copy& copy);
 /// A typed field of a main fan's page as it is shown on leaving it: nodes "##0", r.p.m. "###0",
 /// limit flow "####0". The comment stays as it is, and so does a text that is no number.
 std::string Format_Fan_Field(int field, std::string_view text);
+
+/// The folders whose texts have changed since the last check and no longer are what the tables
+/// hold.
+std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy);
 
 // --- Single cells
 

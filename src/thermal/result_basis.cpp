@@ -20,6 +20,34 @@ std::vector<double> Physical_Parameters(const Database& db) {
   return values;
 }
 
+// What a solution depends on in the network; a check may change it and leave the results.
+std::vector<float> Network_Values(const Database& db) {
+  std::vector<float> values;
+  const auto add = [&](auto... numbers) { (values.push_back(static_cast<float>(numbers)), ...); };
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    add(db.Node_Elev[i], db.Node_JuncCount[i]);
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      add(db.Node_Junc(j, i), db.Root_Resist(j, i), db.Root_Area(j, i), db.Root_Peri(j, i),
+          db.Root_Length(j, i), db.Root_Time(j, i), db.Root_Heat(j, i), db.Root_Wet(j, i));
+    }
+  }
+  for (int k = 1; k <= db.Inlet_Total; ++k) add(db.Inlet_Node[k]);
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    add(db.MFan_Suction[f], db.MFan_Discharge[f], db.MFan_Ratio[f]);
+    for (int k = 1; k <= db.MFan_HQCount[f]; ++k) {
+      add(db.MFan_HQ_Flow(k, f), db.MFan_HQ_Head(k, f));
+    }
+  }
+  for (int k = 1; k <= db.AFan_Total; ++k) {
+    add(db.AFan_Suction[k], db.AFan_Discharge[k], db.AFan_Head[k], db.AFan_Flow[k]);
+  }
+  for (int k = 1; k <= db.Thermo_Total; ++k) {
+    add(db.Thermo_Node1[k], db.Thermo_Node2[k], db.Thermo_Cond[k], db.Thermo_Density[k],
+        db.Thermo_Specific[k], db.Thermo_RockTemp[k]);
+  }
+  return values;
+}
+
 }  // namespace
 
 bool Has_Constant_Temp(const Database& db) {
@@ -30,10 +58,13 @@ bool Has_Constant_Temp(const Database& db) {
 }
 
 Result_Basis::Inputs Result_Basis::Inputs_Of(const Database& db) {
-  return {.switches = db.Root_Switch, .parameters = Physical_Parameters(db)};
+  return {.switches = db.Root_Switch,
+          .parameters = Physical_Parameters(db),
+          .network = Network_Values(db)};
 }
 
 std::string Result_Basis::Inputs::changed(const Database& db) const {
+  if (network != Network_Values(db)) return "the network was changed";
   if (switches != db.Root_Switch) return "an airway was switched";
   if (parameters != Physical_Parameters(db)) return "parameters were changed";
   return {};

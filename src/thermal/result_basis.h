@@ -36,6 +36,7 @@ class Result_Basis {
   struct Inputs {
     Root_Table<std::int16_t> switches;
     std::vector<double> parameters;
+    std::vector<float> network;  // the airways, nodes, intakes, fans and rock rows
     [[nodiscard]] std::string changed(const Database& db) const;
   };
   static Inputs Inputs_Of(const Database& db);

@@ -15,23 +15,6 @@
 
 namespace branok {
 
-namespace {
-
-// The first fan whose table gives a curve; the first of all when none does.
-int First_Fan_With_Curve(const Database& db) {
-  for (int fan = 1; fan <= db.MFan_Total; ++fan) {
-    try {
-      (void)Make_Diagram(db, Diagram_Kind::fan, fan);
-      return fan;
-    } catch (const Run_Time_Error&) {
-      continue;
-    }
-  }
-  return 1;
-}
-
-}  // namespace
-
 MDIAna& BRANOK60::analysis_window() {
   if (analysis_ != nullptr) return *analysis_;
   analysis_ = new MDIAna(project_.db, panel_, area_);
@@ -43,11 +26,11 @@ MDIAna& BRANOK60::analysis_window() {
     }
   });
   connect(analysis_, &MDIAna::wet_method_chosen, this, [this] {
-    show_analysis_state();
+    show_command_state();
     refresh_status();
   });
-  connect(analysis_, &MDIAna::edit_target, this, &BRANOK60::show_analysis_state);
-  connect(analysis_, &MDIAna::state_changed, this, &BRANOK60::show_analysis_state);
+  connect(analysis_, &MDIAna::edit_target, this, &BRANOK60::show_command_state);
+  connect(analysis_, &MDIAna::state_changed, this, &BRANOK60::show_command_state);
   QMdiSubWindow* const frame = area_->addSubWindow(analysis_);
   frame->setAttribute(Qt::WA_DeleteOnClose);
   frame->setWindowIcon(Icon_Of("window-analysis"));
@@ -88,7 +71,7 @@ void BRANOK60::run_analysis(const std::function<void()>& calculation) {
   if (project_.db.Flag_Results == 0) window.Set_Result_State("none");
   window.Display_Data_Press();
   window.Display_Data_Flow();
-  show_analysis_state();
+  show_command_state();
   refresh_status();
 }
 
@@ -134,12 +117,6 @@ void BRANOK60::draw_diagram(Diagram_Kind kind) {
 void BRANOK60::Analysis_Diagram(int) { draw_diagram(Diagram_Kind::press); }
 void BRANOK60::Analysis_Graph(int) { draw_diagram(Diagram_Kind::month); }
 void BRANOK60::Analysis_Leng(int) { draw_diagram(Diagram_Kind::temp); }
-
-void BRANOK60::Fan_Diagram(int) {
-  const Database& db = project_.db;
-  Draw_Fan_Diagram(this, db.MFan_Total, First_Fan_With_Curve(db),
-                   [&db](int fan) { return Make_Diagram(db, Diagram_Kind::fan, fan); });
-}
 
 void BRANOK60::Analysis_Switch(int) {
   MDIAna& window = analysis_window();

@@ -167,6 +167,15 @@ void MDIAna::copy_selection() {
   if (Grid_View* const grid = grid_on_show()) grid->copy_selection();
 }
 
+Paste_Result MDIAna::paste(std::string_view text) {
+  Grid_View* const grid = grid_on_show();
+  if (grid == nullptr) return {};
+  grid->take_selection();
+  const Paste_Result done = Paste_Grid(grid->rows().grid(), text);
+  grid->show_grid();
+  return done;
+}
+
 void MDIAna::apply_font(const QFont& font) {
   page_->apply_font(font);
   grdPress->setFont(font);

@@ -9,6 +9,7 @@
 
 #include "core/database.h"
 #include "core/text_grid.h"
+#include "prep/edit_commands.h"
 #include "thermal/result_grids.h"
 #include "ui/analysis_panel.h"
 
@@ -53,6 +54,10 @@ class MDIAna : public QWidget {
 
   /// Copies the selection of the grid on show.
   void copy_selection();
+
+  /// Spreads clipboard text over the grid on show. What was calculated comes back with the next
+  /// refresh.
+  Paste_Result paste(std::string_view text);
 
   /// The font of grids and labels.
   void apply_font(const QFont& font);

@@ -5,6 +5,7 @@
 #include <QTreeView>
 
 #include "core/messages.h"
+#include "ui/database_window.h"
 #include "ui/main_window.h"
 #include "ui/qt_text.h"
 
@@ -34,12 +35,20 @@ bool Is_Writable(const std::filesystem::path& folder) {
 
 }  // namespace
 
+// Whether the present mine may go: edits that are in no file are asked about.
+bool BRANOK60::may_leave_mine() {
+  if (data_ != nullptr) data_->finish_typing();
+  return !has_unsaved_edits() || dialogue_.show(messages::Ask_Leave_Mine()) == Answer::yes;
+}
+
 void BRANOK60::File_New(int) {
+  if (!may_leave_mine()) return;
   const Busy busy(dialogue_);
   unload_windows();
   project_ = Project();
   New_Database(project_.db, Today());
   refresh_windows();
+  database_window();
 }
 
 void BRANOK60::File_Open(int) {
@@ -48,11 +57,15 @@ void BRANOK60::File_Open(int) {
   const std::filesystem::path file = Ask_File(dialog, last_folder_);
   if (file.empty()) return;
   last_folder_ = file.parent_path();
-  read_file(file);
+  if (may_leave_mine()) read_file(file);
 }
 
 void BRANOK60::open_file(const std::filesystem::path& file) {
-  run([&] { read_file(file); }, "'Open...'");
+  run(
+      [&] {
+        if (may_leave_mine()) read_file(file);
+      },
+      "'Open...'");
 }
 
 void BRANOK60::read_file(const std::filesystem::path& file) {
@@ -60,6 +73,7 @@ void BRANOK60::read_file(const std::filesystem::path& file) {
 }
 
 void BRANOK60::File_Recent(int row) {
+  if (!may_leave_mine()) return;
   const std::optional<Read_Result> result =
       Open_Recent(project_, row, folders_, settings_, dialogue_);
   if (result) opened(*result);
@@ -89,6 +103,7 @@ void BRANOK60::File_Save(int) {
 void BRANOK60::File_Save_As(int) { save(Save_Command::save_as); }
 
 void BRANOK60::save(Save_Command command) {
+  if (data_ != nullptr) data_->finish_typing();
   if (project_.db.Check_Count == 0 &&
       dialogue_.show(messages::Ask_Check_Before_Save()) == Answer::yes) {
     give_command("mnuDataComCheck");
@@ -100,6 +115,9 @@ void BRANOK60::save(Save_Command command) {
   if (!Save_Project(project_, file, folders_, settings_, dialogue_, command)) return;
   take_file();
   dialogue_.remark("Saved " + project_.file.string());
+  if (!Unchecked_Folders(project_.db, edit_).empty()) {
+    dialogue_.remark("Not in the file: edits that no check has taken in (Check and Fix Data, F9)");
+  }
   rebuild_recent_menu();
   refresh_status();
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
@@ -20,6 +21,7 @@
 #include "core/messages.h"
 #include "prep/fan.h"
 #include "ui/analysis_window.h"
+#include "ui/database_window.h"
 #include "ui/help_window.h"
 #include "ui/icon.h"
 #include "ui/qt_text.h"
@@ -77,6 +79,8 @@ BRANOK60::BRANOK60(Program_Folders folders, Settings settings, QWidget* parent)
   // A box in the middle of a run stands before the run's last values.
   dialogue_.before_box = [this] { panel_.show_all(); };
   New_Database(project_.db, Today());
+  Fill_Database_Window(project_.db, edit_);
+  history_.start(edit_);
   panel_.reset(project_.db);
   std::error_code none;
   if (const auto demo = folders_.installed_file("DATA");
@@ -295,11 +299,34 @@ void BRANOK60::Set_Graph_Menu_State(bool f, bool g) {
 // A child window has come to the top, or the last one has gone.
 void BRANOK60::window_activated() {
   const QMdiSubWindow* const top = area_->currentSubWindow();
-  const bool analysis = top != nullptr && analysis_ != nullptr && top->widget() == analysis_;
+  QWidget* const window = top != nullptr ? top->widget() : nullptr;
+  const bool database = window != nullptr && window == data_;
+  const bool analysis = window != nullptr && window == analysis_;
   start_page_->setVisible(area_->subWindowList().isEmpty());
-  Set_Menu_Visible(false, analysis, false, false);
-  set_window_tag(analysis ? "analysis" : "none");
-  show_analysis_state();
+  Set_Menu_Visible(database, analysis, false, false);
+  set_window_tag(database ? "database" : analysis ? "analysis" : "none");
+  show_command_state();
+}
+
+void BRANOK60::show_command_state() {
+  enable("mnuEditComUndo", false);
+  enable("mnuEditComRedo", false);
+  if (window_tag() == "database") {
+    show_database_state();
+  } else {
+    show_analysis_state();
+  }
+}
+
+void BRANOK60::show_database_state() {
+  const QString target = data_->edit_tag();
+  const bool any = target != "network" && target != "none";
+  set_edit_tag(any ? target : QString("none"));
+  Set_Edit_Menu_State(true, any, any, any, target == "airway");
+  Set_Toolbar_State(true, any, any, any, false, false, false, false);
+  const QLineEdit* const field = data_->focused_text();
+  enable("mnuEditComUndo", field != nullptr ? field->isUndoAvailable() : history_.can_undo());
+  enable("mnuEditComRedo", field != nullptr ? field->isRedoAvailable() : history_.can_redo());
 }
 
 void BRANOK60::show_analysis_state() {
@@ -341,18 +368,21 @@ void BRANOK60::rebuild_recent_menu() {
 void BRANOK60::refresh_windows() {
   basis_.take_all(project_.db);
   panel_.reset(project_.db);
+  fill_grids();
   if (analysis_ != nullptr) analysis_->load();
-  show_analysis_state();
+  show_command_state();
   refresh_status();
 }
 
 void BRANOK60::refresh_status() {
   status_->show_mine(project_.db, project_.file, basis_.season(), basis_.outdated(project_.db));
+  show_unchecked();
 }
 
 // --- Events
 
 void BRANOK60::closeEvent(QCloseEvent* event) {
+  if (data_ != nullptr) data_->finish_typing();
   const bool checked = project_.db.Check_Count >= 1;
   if (dialogue_.show(messages::Ask_Exit(checked)) != Answer::yes) {
     event->ignore();

@@ -14,6 +14,8 @@
 
 #include "core/settings.h"
 #include "files/project.h"
+#include "prep/edit_commands.h"
+#include "prep/edit_history.h"
 #include "thermal/diagrams.h"
 #include "thermal/result_basis.h"
 #include "ui/analysis_panel.h"
@@ -22,12 +24,15 @@
 
 class QAction;
 class QKeyEvent;
+class QLineEdit;
+class QMdiSubWindow;
 class QToolBar;
 
 namespace branok {
 
 class Help_Window;
 class MDIAna;
+class MDIData;
 class Start_Page;
 class Status_Bar;
 
@@ -80,9 +85,26 @@ class BRANOK60 : public QMainWindow {
   void File_Recent(int row);
   void File_Exit(int);
 
-  void Edit_Copy(int);
+  void Edit_Undo(int);
+  void Edit_Redo(int);
+  void Edit_Cut(int);
+  void Edit_Copy_Command(int);
+  void Edit_Paste(int);
+  void Edit_Paste_Insert(int);
+  void Edit_Insert1(int);
+  void Edit_Del1(int);
+  void Edit_Inserts(int);
+  void Edit_Dels(int);
 
+  void Data_Check(int);
+  void Data_Find(int);
   void Fan_Diagram(int);
+  void Data_Calc(int index);
+  void Data_Wend(int index);
+  void Data_Kind(int index);
+  void Data_Shape(int index);
+  void Data_Option(int);
+  void Data_Reset(int);
 
   void Analysis_Display(int);
   void Analysis_Find(int);
@@ -138,8 +160,10 @@ class BRANOK60 : public QMainWindow {
   void set_window_tag(const char* tag);
   void set_edit_tag(const QString& tag);
   void window_activated();
-  /// Shows the states of the Analysis window's commands in menu and toolbar.
+  /// Enables in menus and toolbar what the window on top can do now.
+  void show_command_state();
   void show_analysis_state();
+  void show_database_state();
   void unload_windows();
   void rebuild_recent_menu();
   /// After a load: everything that is on screen shows the present mine.
@@ -152,12 +176,34 @@ class BRANOK60 : public QMainWindow {
   [[nodiscard]] std::filesystem::path ask_save_name();
   [[nodiscard]] std::filesystem::path save_folder() const;
 
+  MDIData& database_window();
+  void bring_up(QWidget& window);
+  void fill_grids();
+  void edit(const std::function<void()>& act);
+  void data_edited();
+  void show_unchecked();
+  /// Edits that are in no file: in the grids, or taken in by a check since the last save.
+  [[nodiscard]] bool has_unsaved_edits() const;
+  [[nodiscard]] bool may_leave_mine();
+  void show_place(const Edit_Place& place);
+  void set_in_rows(bool (*set)(Database&, Edit_Copy&, int), int value);
+  void add_fan();
+  void delete_fan();
+  void move_in_history(std::optional<Edit_Place> (Edit_History::*move)(Database&, Edit_Copy&));
+  [[nodiscard]] QLineEdit* focused_text() const;
+  void tell_paste(const Paste_Result& done);
+  std::optional<int> ask_rows(const std::string& verb, const std::string& title);
+  void insert_rows(int count);
+  void delete_rows(int count);
+
   MDIAna& analysis_window();
   void run_analysis(const std::function<void()>& calculation);
   void take_file();
   void draw_diagram(Diagram_Kind kind);
 
   Project project_;
+  Edit_Copy edit_;        // of the open mine, whether its window is open or not
+  Edit_History history_;  // of the edit copy
   Settings settings_;
   Program_Folders folders_;
   Qt_Dialogue dialogue_;
@@ -171,6 +217,7 @@ class BRANOK60 : public QMainWindow {
   QToolBar* tlbBRANOK_ = nullptr;
   Status_Bar* status_ = nullptr;
   Start_Page* start_page_ = nullptr;
+  QPointer<MDIData> data_;
   QPointer<MDIAna> analysis_;
   QPointer<Help_Window> help_;
   QAction* current_ = nullptr;  // whose command runs

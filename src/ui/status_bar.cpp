@@ -81,6 +81,8 @@ Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
   addWidget(remark_, 1);
   mine_ = field("stbMine", "Name of the mine");
   file_ = field("stbFile", "Data file of the mine");
+  edits_ = field("stbEdits", "Edits that wait for Check and Fix Data");
+  edits_->hide();
   results_ = field("stbResults", "What the results are of");
   caps_ = field("stbCaps", "Caps Lock");
   num_ = field("stbNum", "Num Lock");
@@ -126,6 +128,12 @@ void Status_Bar::show_mine(const Database& db, const std::filesystem::path& file
   file_->setToolTip(file_name_);
   results_->setToolTip(results_text_);
   fit_fields();
+}
+
+void Status_Bar::show_unchecked(const QStringList& pages) {
+  edits_->setVisible(!pages.isEmpty());
+  edits_->setText("Unchecked edits");
+  edits_->setToolTip("Check and Fix Data (F9) takes in the edits of: " + pages.join(", "));
 }
 
 // Long texts are cut, so that they never make the window wider; the tool tips have all of them. The

@@ -32,6 +32,9 @@ class Status_Bar : public QStatusBar {
   void show_mine(const Database& db, const std::filesystem::path& file, const std::string& season,
                  const std::string& outdated);
 
+  /// Pages of the Database window whose edits no check has seen yet; empty when there are none.
+  void show_unchecked(const QStringList& pages);
+
   /// Reads the state of the lock keys and shows it.
   void show_keyboard();
 
@@ -49,6 +52,7 @@ class Status_Bar : public QStatusBar {
   Remark_Label* remark_;
   QLabel* mine_;
   QLabel* file_;
+  QLabel* edits_;
   QLabel* results_;
   QLabel* caps_;
   QLabel* num_;

@@ -1,18 +1,15 @@
-// The Option, Window and Help menus, Copy, and the toolbar buttons that go by the window on top.
+// The Option, Window and Help menus, and the toolbar buttons that go by the window on top.
 #include <QFontDialog>
 #include <QMdiSubWindow>
 #include <QToolBar>
 
 #include "ui/about_dialog.h"
 #include "ui/analysis_window.h"
+#include "ui/database_window.h"
 #include "ui/help_window.h"
 #include "ui/main_window.h"
 
 namespace branok {
-
-void BRANOK60::Edit_Copy(int) {
-  if (window_tag() == "analysis") analysis_window().copy_selection();
-}
 
 void BRANOK60::Option_Tool(int) { tlbBRANOK_->setVisible(action("mnuOptionComTool")->isChecked()); }
 
@@ -24,6 +21,7 @@ void BRANOK60::Option_Font(int) {
   font_ = QFont(chosen.family(), chosen.pointSize(), chosen.bold() ? QFont::Bold : QFont::Normal,
                 chosen.italic());
   if (window_tag() == "analysis") analysis_window().apply_font(*font_);
+  if (window_tag() == "database") database_window().apply_font(*font_);
 }
 
 void BRANOK60::Window_Cascade(int) { area_->cascadeSubWindows(); }
@@ -41,18 +39,25 @@ void BRANOK60::Window_Icon(int) {
 }
 
 void BRANOK60::Window_Select(int index) {
-  constexpr int analysis = 1;
+  enum { database, analysis };
+  if (index == database) {
+    bring_up(database_window());
+    return;
+  }
   if (index != analysis) {
     Not_Available_Yet(index);
     return;
   }
   const bool was_open = analysis_ != nullptr;
-  MDIAna& window = analysis_window();
-  if (!was_open) return;
+  bring_up(analysis_window());
+  if (was_open) Analysis_Display(0);
+}
+
+// Brings a child window to the top, out of its icon too.
+void BRANOK60::bring_up(QWidget& window) {
   auto* const frame = qobject_cast<QMdiSubWindow*>(window.parentWidget());
   if (frame->isMinimized()) frame->showNormal();
   area_->setActiveSubWindow(frame);
-  Analysis_Display(0);
 }
 
 void BRANOK60::Help_BRN(int) {

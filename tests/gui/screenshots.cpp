@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "support/temporary_folder.h"
+#include "ui/edit_grid.h"
 #include "ui/grid_view.h"
 #include "ui/main_window.h"
 #include "user.h"
@@ -64,6 +65,7 @@ class Photographer {
     take(window, "analysis-opened");
     runs(window);
     pages(window);
+    database(window);
     for (const char* const name :
          {"mnuAnalysisComDiagram", "mnuAnalysisComGraph", "mnuAnalysisComLeng", "mnuDataComGraph",
           "mnuAnalysisComFind", "mnuHelpComAbout", "mnuOptionComFont", "mnuFileComSaveAs",
@@ -115,6 +117,28 @@ class Photographer {
       take(window, "page");
     }
     tabs->setCurrentIndex(0);
+  }
+
+  // The seven pages, a cell that is typed into, a fault that the check points at, and the options.
+  void database(BRANOK60& window) {
+    window.give_command("mnuWinSelCom", 0);
+    auto* const tabs = window.findChild<QTabWidget*>("tabData");
+    for (int page = 0; page < tabs->count(); ++page) {
+      tabs->setCurrentIndex(page);
+      take(window, "database");
+    }
+    tabs->setCurrentIndex(1);
+    auto* const grid = window.findChild<Edit_Grid*>("grdRoot");
+    grid->setFocus();
+    grid->setCurrentIndex(grid->model()->index(2, 2));
+    QTest::keyClick(grid, '0');
+    take(window, "typing");
+    QTest::keyClick(grid->editor(), Qt::Key_Return);
+    window.give_command("mnuDataComCheck");
+    take(window, "fault");
+    window.give_command("mnuEditComUndo");
+    window.give_command("mnuDataOption");
+    window.give_command("mnuWinSelCom", 1);
   }
 
   void menus(BRANOK60& window) {

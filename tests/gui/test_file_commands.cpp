@@ -217,7 +217,7 @@ TEST_F(File_Commands, Save_Writes_The_Open_File_Again) {
   user_.answers = {QMessageBox::Yes, QMessageBox::Ok};
   give("mnuFileComSave");
   EXPECT_EQ(bytes(file), first);
-  EXPECT_TRUE(user_.saw("\"Check and Fix Data\" is not available yet."));
+  EXPECT_TRUE(user_.saw("The data are all right !"));
   EXPECT_EQ(user_.dialogs_seen.size(), 1U) << "no name was asked for";
 }
 
@@ -258,7 +258,7 @@ TEST_F(File_Commands, New_Empties_All_Windows_And_Gives_The_Sample) {
   QTRY_VERIFY_WITH_TIMEOUT(analysis() == nullptr, 2000);
   EXPECT_EQ(status("stbMine"), "Sample");
   EXPECT_EQ(status("stbFile"), "not saved");
-  EXPECT_EQ(window_->window_tag(), "none");
+  EXPECT_EQ(window_->window_tag(), "database");
   user_.answers = {QMessageBox::No};
   give("mnuFileComSave");
   EXPECT_EQ(user_.dialogs_seen.size(), 2U) << "Save acts as Save As again";

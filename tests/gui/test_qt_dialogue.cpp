@@ -43,6 +43,27 @@ std::vector<Told> All_Messages() {
       warning(Memory_Over()),
       warning(Not_Numeric()),
       warning(Out_Of_Range("'Area' Column", "Airway Folder", "0.001", "1000")),
+      warning(Not_Positive("'Heat' Column", "Airway Folder")),
+      warning(Wrong_Input("Winding List", "Airway Folder")),
+      warning(Missing_Input("Area(>0) ", "Airway Folder")),
+      warning(Airway_Row_Fault(7)),
+      warning(Node_Row_Missing(7)),
+      warning(Input_Node_Number()),
+      warning(Input_Node_Number(550)),
+      warning(Same_Node_Numbers()),
+      warning(Airway_Undefined()),
+      warning(Airway_Exists_Already()),
+      warning(Five_Connections()),
+      warning(Node_Out_Of_Range(9, "Suction Node")),
+      warning(Node_Not_Existing(9, "Main Fan")),
+      warning(Node_Double_Booked("Inlet")),
+      warning(Enter_Node("Suction Node")),
+      warning(No_Flow_Direction()),
+      warning(Change_Revolution(" Driving ")),
+      warning(Too_Few_Fan_Points(2)),
+      warning(Airway_Not_Existing("3 -> 7", "Thermo Condition")),
+      warning(Dead_End(9)),
+      information(Data_All_Right()),
       information(Confirm_Flow()),
       information(Save_Annual_Results()),
       information(Season_Needs_Annual()),
@@ -53,6 +74,13 @@ std::vector<Told> All_Messages() {
       question(Ask_Check_Before_Save(), QMessageBox::Yes),
       question(Ask_Print_Parameters(), QMessageBox::Yes),
       question(Ask_Exit(true), QMessageBox::No),
+      question(Ask_Leave_Mine(), QMessageBox::No),
+      question(Ask_Reset_Database(), QMessageBox::No),
+      question(Ask_Delete_Fan(2), QMessageBox::No),
+      {Ask_Deleted_Airway("3 -> 7"), QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel,
+       QMessageBox::Ok, Answer::cancel},
+      {Ask_Add_Airway("3 -> 7"), QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel,
+       QMessageBox::Ok, Answer::cancel},
       {Ask_Results_Initial(), QMessageBox::Question,
        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::No, Answer::cancel}};
 }
@@ -72,8 +100,9 @@ TEST_F(Box, Shows_Each_Message_As_It_Is) {
     ASSERT_EQ(user_.boxes.size(), 1U);
     const Seen_Box& seen = user_.boxes[0];
     EXPECT_EQ(seen.text.toStdString(), told.message.text);
-    EXPECT_EQ(seen.title, told.message.text.starts_with("You have not checked")
-                              ? "Check Data"
+    EXPECT_EQ(seen.title, told.message.text.starts_with("You have not checked") ? "Check Data"
+                          : told.message.text.starts_with("The database will be returned")
+                              ? "Reset Database"
                               : "BRANOK for Windows");
     EXPECT_EQ(seen.icon, told.icon) << told.message.text;
     EXPECT_EQ(seen.buttons, told.buttons) << told.message.text;
@@ -97,6 +126,17 @@ TEST_F(Box, Gives_The_Pressed_Button) {
     user_.answers = {button};
     EXPECT_EQ(dialogue_.show(message), answer);
   }
+}
+
+TEST_F(Box, One_Answer_Can_Stand_For_Many_Questions) {
+  const Message message = messages::Ask_Add_Airway("3 -> 7");
+  std::optional<Answer> rest;
+  EXPECT_EQ(dialogue_.show_one_of_many(message, rest), Answer::ok);
+  EXPECT_EQ(rest, std::nullopt);
+  user_.look = [](QWidget& box) { box.findChild<QAbstractButton*>("chkForAll")->click(); };
+  user_.answers = {QMessageBox::Cancel};
+  EXPECT_EQ(dialogue_.show_one_of_many(message, rest), Answer::cancel);
+  EXPECT_EQ(rest, Answer::cancel);
 }
 
 TEST_F(Box, Shows_Old_Texts_And_No_Markup) {

@@ -129,6 +129,7 @@ TEST_F(Runs, Flow_Annual_And_Season_Agree_With_The_Batch_Program_And_Survive_A_S
   give("mnuFileComNew");
   give("mnuFileComPrefile0");
   EXPECT_EQ(results(), "Results: mid Autumn");
+  give("mnuWinSelCom1");
   EXPECT_EQ(analysis()->property("Tag").toString(), "Seasonal-Flow");
   EXPECT_EQ(rows("grdPress").size(), nodes.size());
   for (std::size_t row = 0; row < nodes.size(); ++row) {
