@@ -47,7 +47,7 @@ bool Edit_History::note(const Edit_Copy& copy) {
   if (step.fan != 0) {
     step.before = Pages{last_.fan_pages, last_.MFan_GridTotal};
     step.after = Pages{copy.fan_pages, copy.MFan_GridTotal};
-    step.size += 2 * max_main_fans * max_fan_points * fan_column::count;
+    step.size += std::size_t{2} * max_main_fans * max_fan_points * fan_column::count;
   }
   if (step.size == 0) return false;
   apply(step, false, last_);

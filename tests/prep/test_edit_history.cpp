@@ -194,6 +194,23 @@ TEST_F(Edit_History_Test, Many_Large_Steps_Forget_The_Oldest_Only) {
   EXPECT_LT(undone, steps);
 }
 
+// A step that can no longer be done again takes no room from those that can be taken back.
+TEST_F(Edit_History_Test, Steps_Given_Up_Do_Not_Count) {
+  std::string block;
+  for (int row = 0; row < 2700; ++row) block += "1 -> 2\t1\r";
+  type(Folder::airway, 1, 2, "11");
+  for (int n = 0; n < 120; ++n) {
+    mine.copy.grdRoot.select(1, 0, 1, 0);
+    Paste_Folder(mine.db, mine.copy, Folder::airway, block);
+    history.note(mine.copy);
+    undo();
+  }
+  type(Folder::airway, 1, 2, "12");
+  EXPECT_TRUE(undo().has_value());
+  EXPECT_TRUE(undo().has_value());
+  EXPECT_EQ(mine.copy.grdRoot.text(1, 2), "10.0");
+}
+
 // Every command on every folder, in any order: each state comes back to the last character.
 class Random_Edits : public testing::TestWithParam<unsigned> {
  protected:
