@@ -1,8 +1,6 @@
 #include "ui/grid_view.h"
 
 #include <QAbstractButton>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -11,6 +9,7 @@
 #include <QStyleOptionHeader>
 #include <algorithm>
 
+#include "ui/grid_clipboard.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -33,7 +32,11 @@ class Without_Grips : public QProxyStyle {
 
 }  // namespace
 
-Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : QTableView(parent), model_(grid) {
+Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : Grid_View(grid, nullptr, parent) {}
+
+Grid_View::Grid_View(Text_Grid& grid, QHeaderView* headings, QWidget* parent)
+    : QTableView(parent), model_(grid) {
+  if (headings != nullptr) setHorizontalHeader(headings);
   setModel(&model_);
   // The titles stand in the vertical header, where they stay in view.
   setColumnHidden(title_column, true);
@@ -90,7 +93,7 @@ void Grid_View::set_empty_text(const QString& text) {
 
 void Grid_View::go_to_row(int row) {
   const int shown = std::clamp(row - Text_Grid::FixedRows, 0, std::max(model_.rowCount() - 1, 0));
-  const QModelIndex place = model_.index(shown, 1);
+  const QModelIndex place = model_.index(shown, first_column());
   if (!place.isValid()) return;
   setCurrentIndex(place);
   scrollTo(place, PositionAtCenter);
@@ -99,12 +102,14 @@ void Grid_View::go_to_row(int row) {
 void Grid_View::take_selection() {
   Text_Grid& grid = model_.grid();
   grid.Row = grid.Col = grid.RowSel = grid.ColSel = 0;
-  const QItemSelection selection = selectionModel()->selection();
-  if (!selection.isEmpty()) {
-    const QItemSelectionRange& block = selection.first();
+  QRect block;
+  for (const QItemSelectionRange& part : selectionModel()->selection()) {
+    block |= QRect(QPoint(part.left(), part.top()), QPoint(part.right(), part.bottom()));
+  }
+  if (block.isValid()) {
     grid.Row = block.top() + Text_Grid::FixedRows;
     grid.RowSel = block.bottom() + Text_Grid::FixedRows;
-    grid.Col = std::max(block.left(), Text_Grid::FixedCols);
+    grid.Col = std::max(block.left(), first_column());
     grid.ColSel = block.right();
   } else if (currentIndex().isValid()) {
     grid.Row = grid.RowSel = currentIndex().row() + Text_Grid::FixedRows;
@@ -114,50 +119,63 @@ void Grid_View::take_selection() {
 
 void Grid_View::copy_selection() {
   take_selection();
-  QString block = To_Qt(model_.grid().Clip());
-  if (block.isEmpty()) return;
-  QGuiApplication::clipboard()->setText(block.replace('\r', '\n') + '\n');
+  if (model_.grid().Row >= Text_Grid::FixedRows) Copy_To_Clipboard(model_.grid().Clip());
+}
+
+int Grid_View::first_column() const {
+  return model_.titles_are_cells() ? title_column : Text_Grid::FixedCols;
+}
+
+bool Grid_View::is_empty() const {
+  const Text_Grid& grid = model_.grid();
+  return grid.Rows() == Text_Grid::FixedRows ||
+         (grid.Rows() == Text_Grid::FixedRows + 1 && grid.is_blank(Text_Grid::FixedRows));
 }
 
 void Grid_View::fit_columns() {
-  const QFontMetrics metrics(font());
-  const QFontMetrics heading_metrics(horizontalHeader()->font());
-  const Text_Grid& grid = model_.grid();
-  const int digit = metrics.horizontalAdvance('0');
+  const int digit = fontMetrics().horizontalAdvance('0');
   fitting_ = true;
-  verticalHeader()->setDefaultSectionSize(metrics.height() + cell_margin);
-  for (int col = 0; col < grid.Cols(); ++col) {
-    std::size_t longest = 0;
-    for (int row = Text_Grid::FixedRows; row < grid.Rows(); ++row) {
-      longest = std::max(longest, grid.text(row, col).size());
-    }
-    int width = digit * static_cast<int>(std::min<std::size_t>(longest, longest_column) + 1);
-    for (const QString& line : To_Qt(grid.text(0, col)).split('\r')) {
-      width = std::max(width, heading_metrics.horizontalAdvance(line) + digit);
-    }
-    width += 2 * cell_margin;
-    if (col == title_column) {
-      verticalHeader()->setFixedWidth(width);
-    } else if (!dragged_.contains(col)) {
-      setColumnWidth(col, width);
-    }
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cell_margin);
+  verticalHeader()->setFixedWidth(
+      model_.titles_are_cells()
+          ? digit * static_cast<int>(std::to_string(model_.rowCount()).size() + 1) + 2 * cell_margin
+          : text_width(title_column));
+  for (int col = first_column(); col < model_.columnCount(); ++col) {
+    if (!dragged_.contains(col)) setColumnWidth(col, text_width(col));
   }
-  horizontalHeader()->setFixedHeight(2 * heading_metrics.lineSpacing() + 2 * cell_margin);
+  const int line = horizontalHeader()->fontMetrics().lineSpacing();
+  horizontalHeader()->setFixedHeight(2 * line + 2 * cell_margin);
   fitting_ = false;
+}
+
+// Room for the longest text of a column, counted in digits, and for its heading.
+int Grid_View::text_width(int col) const {
+  const Text_Grid& grid = model_.grid();
+  const int digit = fontMetrics().horizontalAdvance('0');
+  std::size_t longest = 0;
+  for (int row = Text_Grid::FixedRows; row < grid.Rows(); ++row) {
+    longest = std::max(longest, grid.text(row, col).size());
+  }
+  int width = digit * static_cast<int>(std::min<std::size_t>(longest, longest_column) + 1);
+  for (const QString& line : To_Qt(grid.text(0, col)).split('\r')) {
+    width = std::max(width, horizontalHeader()->fontMetrics().horizontalAdvance(line) + digit);
+  }
+  return width + 2 * cell_margin;
 }
 
 void Grid_View::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
   // The arrow keys start here; nothing is selected before the user has done so.
   if (!currentIndex().isValid() && model_.rowCount() > 0) {
-    selectionModel()->setCurrentIndex(model_.index(0, 1), QItemSelectionModel::NoUpdate);
+    selectionModel()->setCurrentIndex(model_.index(0, first_column()),
+                                      QItemSelectionModel::NoUpdate);
   }
   emit focused();
 }
 
 void Grid_View::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
-  if (model_.rowCount() > 0 || empty_text_.isEmpty()) return;
+  if (empty_text_.isEmpty() || !is_empty()) return;
   QPainter painter(viewport());
   painter.setPen(palette().color(QPalette::PlaceholderText));
   painter.drawText(viewport()->rect().adjusted(24, 24, -24, -24),
@@ -195,7 +213,9 @@ void Grid_View::paint_corner() {
   option.section = 0;
   option.textAlignment = Qt::AlignCenter;
   option.rect = corner_->rect();
-  option.text = To_Qt(model_.grid().text(0, title_column)).replace('\r', '\n');
+  option.text = model_.titles_are_cells()
+                    ? QString("No.")
+                    : To_Qt(model_.grid().text(0, title_column)).replace('\r', '\n');
   QPainter painter(corner_);
   painter.setFont(horizontalHeader()->font());
   style()->drawControl(QStyle::CE_Header, &option, &painter, this);

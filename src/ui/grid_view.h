@@ -26,11 +26,11 @@ class Grid_View : public QTableView {
   /// Makes a grid row (1 is the first data row) current and scrolls it into view.
   void go_to_row(int row);
 
-  /// The grid's current cell and selection as the user has set them on the screen.
+  /// Gives the grid the current cell and selection that the user has set on the screen.
   void take_selection();
 
-  /// Puts the selected block on the clipboard: cells separated by tabs, each row ended by LF, as
-  /// spreadsheets take it.
+  /// Puts the selected block on the clipboard, in the forms that spreadsheets and word processors
+  /// take.
   void copy_selection();
 
   /// Fits columns and row height to the present font. Columns that the user has dragged keep their
@@ -42,6 +42,13 @@ class Grid_View : public QTableView {
   void focused();
 
  protected:
+  /// A grid whose headings stand in a header of its own kind.
+  Grid_View(Text_Grid& grid, QHeaderView* headings, QWidget* parent);
+  /// The first column that can be current: titles are no cells, unless they are shown as such.
+  [[nodiscard]] int first_column() const;
+  /// True when there is nothing but, at most, a blank row to type in.
+  [[nodiscard]] bool is_empty() const;
+
   void focusInEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +57,7 @@ class Grid_View : public QTableView {
 
  private:
   void paint_corner();
+  [[nodiscard]] int text_width(int col) const;
 
   Text_Grid_Model model_;
   int shown_rows_ = 0;

@@ -1,0 +1,547 @@
+// The grids of the Database window, worked with mouse and keyboard.
+#include "ui/edit_grid.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "demo_mine.h"
+#include "prep/edit_commands.h"
+
+// How a failed comparison shows a text.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << qPrintable(text); }
+
+namespace branok {
+namespace {
+
+using Place = std::pair<int, int>;
+
+class Edit_Grid_Test : public testing::Test {
+ protected:
+  Edit_Grid_Test() { Fill_Database_Window(db, copy); }
+
+  // A window with the folder's grid and another field.
+  void show(Folder folder) {
+    window = std::make_unique<QWidget>();
+    auto* const rows = new QVBoxLayout(window.get());
+    view = new Edit_Grid(db, copy, folder, window.get());
+    other = new QLineEdit(window.get());
+    rows->addWidget(view);
+    rows->addWidget(other);
+    window->resize(700, 500);
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    QApplication::setActiveWindow(window.get());
+    view->setFocus();
+    QCoreApplication::processEvents();
+  }
+  void key(Qt::Key which, Qt::KeyboardModifiers with = {}) const {
+    QTest::keyClick(QApplication::focusWidget(), which, with);
+  }
+  void type(const char* text) const {
+    for (const char c : std::string_view(text)) QTest::keyClick(QApplication::focusWidget(), c);
+  }
+  [[nodiscard]] Place current() const {
+    return {view->currentIndex().row() + 1, view->currentIndex().column()};
+  }
+  [[nodiscard]] QPoint middle(int row, int col) const {
+    return view->visualRect(view->model()->index(row - 1, col)).center();
+  }
+  void click(int row, int col, Qt::KeyboardModifiers with = {}) const {
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, with, middle(row, col));
+  }
+  [[nodiscard]] std::string text(int row, int col) const {
+    return copy.grid(view->folder()).text(row, col);
+  }
+  [[nodiscard]] QVariant look(int row, int col, int role) const {
+    return view->model()->index(row - 1, col).data(role);
+  }
+
+  Database db = Demo_Mine();
+  Edit_Copy copy;
+  std::unique_ptr<QWidget> window;
+  Edit_Grid* view = nullptr;
+  QLineEdit* other = nullptr;
+};
+
+TEST_F(Edit_Grid_Test, A_Printable_Key_Replaces_The_Text) {
+  show(Folder::airway);
+  view->show_cell(2, root_column::area);
+  type("9");
+  ASSERT_TRUE(view->editor()->hasFocus());
+  EXPECT_EQ(view->editor()->objectName(), "txtEdit0");
+  EXPECT_EQ(view->editor()->text(), "9");
+  EXPECT_EQ(view->editor()->cursorPosition(), 1);
+  EXPECT_EQ(view->editor()->geometry(), view->visualRect(view->currentIndex()));
+  type(".5");
+  EXPECT_NE(text(2, root_column::area), "9.5");  // not before it is committed
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(2, root_column::area), "9.5");
+  EXPECT_FALSE(view->editor()->isVisible());
+  EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(Edit_Grid_Test, Enter_F2_And_A_Double_Click_Keep_The_Text) {
+  show(Folder::airway);
+  const QString before = QString::fromStdString(text(1, root_column::length));
+  const auto opened = [&] {
+    const bool kept = view->editor()->isVisible() && view->editor()->text() == before &&
+                      view->editor()->cursorPosition() == before.size();
+    key(Qt::Key_Escape);
+    return kept;
+  };
+  view->show_cell(1, root_column::length);
+  key(Qt::Key_Return);
+  EXPECT_TRUE(opened());
+  key(Qt::Key_Enter);
+  EXPECT_TRUE(opened());
+  key(Qt::Key_F2);
+  EXPECT_TRUE(opened());
+  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, middle(1, root_column::length));
+  EXPECT_TRUE(opened());
+}
+
+TEST_F(Edit_Grid_Test, Enter_Moves_As_The_Options_Say) {
+  show(Folder::inlet);
+  db.Opt_MoveSel = 0;
+  view->show_cell(1, inlet_column::node);
+  type("4");
+  key(Qt::Key_Return);
+  EXPECT_EQ(current(), Place(2, inlet_column::node));
+  view->show_cell(max_inlets, inlet_column::node);
+  type("7");
+  key(Qt::Key_Return);
+  EXPECT_EQ(current(), Place(max_inlets, inlet_column::node));  // the last row
+  EXPECT_EQ(text(max_inlets, inlet_column::node), "7");
+  db.Opt_MoveSel = 1;
+  view->show_cell(3, inlet_column::picture);
+  type("a");
+  key(Qt::Key_Enter);
+  EXPECT_EQ(current(), Place(3, inlet_column::comment));
+  type("b");
+  key(Qt::Key_Enter);
+  EXPECT_EQ(current(), Place(3, inlet_column::comment));  // the last column
+  EXPECT_EQ(text(3, inlet_column::comment), "b");
+}
+
+TEST_F(Edit_Grid_Test, Escape_Leaves_The_Cell_As_It_Was) {
+  show(Folder::node);
+  db.Flag_Results = flag_true;
+  view->show_cell(1, node_column::elev);
+  const std::string before = text(1, node_column::elev);
+  QSignalSpy edited(view, &Edit_Grid::edited);
+  type("123");
+  key(Qt::Key_Escape);
+  EXPECT_EQ(text(1, node_column::elev), before);
+  EXPECT_FALSE(view->editor()->isVisible());
+  EXPECT_TRUE(view->hasFocus());
+  EXPECT_EQ(edited.count(), 0);
+  EXPECT_EQ(db.Flag_Results, flag_true);
+}
+
+TEST_F(Edit_Grid_Test, Up_And_Down_Commit_And_Stay_At_The_Edges) {
+  show(Folder::thermal);
+  view->show_cell(1, thermo_column::cond);
+  type("1");
+  key(Qt::Key_Up);
+  EXPECT_EQ(current(), Place(1, thermo_column::cond));
+  EXPECT_EQ(text(1, thermo_column::cond), "1");
+  type("2");
+  key(Qt::Key_Down);
+  EXPECT_EQ(current(), Place(2, thermo_column::cond));
+  EXPECT_EQ(text(1, thermo_column::cond), "2");
+  view->show_cell(max_thermo_rows, thermo_column::cond);
+  type("3");
+  key(Qt::Key_Down);
+  EXPECT_EQ(current(), Place(max_thermo_rows, thermo_column::cond));
+  EXPECT_EQ(text(max_thermo_rows, thermo_column::cond), "3");
+}
+
+TEST_F(Edit_Grid_Test, Tab_Goes_From_Cell_To_Cell) {
+  show(Folder::inlet);
+  view->show_cell(1, inlet_column::comment);
+  type("x");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(text(1, inlet_column::comment), "x");
+  EXPECT_EQ(current(), Place(2, inlet_column::node));
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(current(), Place(1, inlet_column::comment));
+  view->show_cell(max_inlets, inlet_column::comment);
+  key(Qt::Key_Tab);
+  EXPECT_TRUE(other->hasFocus());  // the keyboard is no prisoner of the grid
+}
+
+TEST_F(Edit_Grid_Test, Losing_The_Keyboard_Commits) {
+  show(Folder::airway);
+  view->show_cell(1, root_column::time);
+  type("8");
+  other->setFocus();
+  EXPECT_EQ(text(1, root_column::time), "8");
+  EXPECT_FALSE(view->editor()->isVisible());
+  EXPECT_TRUE(other->hasFocus());
+  // A click on another cell of the grid.
+  view->show_cell(2, root_column::time);
+  type("6");
+  click(4, root_column::heat);
+  EXPECT_EQ(text(2, root_column::time), "6");
+  EXPECT_EQ(current(), Place(4, root_column::heat));
+  // A page that is turned away.
+  type("5");
+  view->hide();
+  EXPECT_EQ(text(4, root_column::heat), "5");
+}
+
+TEST_F(Edit_Grid_Test, A_Menu_And_Another_Window_Do_Not_Commit) {
+  show(Folder::airway);
+  view->show_cell(1, root_column::time);
+  const std::string before = text(1, root_column::time);
+  type("8");
+  for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+    QFocusEvent out(QEvent::FocusOut, reason);
+    QCoreApplication::sendEvent(view->editor(), &out);
+    EXPECT_TRUE(view->editor()->isVisible());
+  }
+  QWidget second;
+  second.setFocusPolicy(Qt::StrongFocus);
+  second.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&second));
+  QApplication::setActiveWindow(&second);
+  second.setFocus();
+  ASSERT_FALSE(view->editor()->hasFocus());
+  EXPECT_TRUE(view->editor()->isVisible());
+  EXPECT_EQ(text(1, root_column::time), before);
+  QApplication::setActiveWindow(window.get());
+  EXPECT_TRUE(view->editor()->hasFocus());
+  EXPECT_TRUE(view->commit_editor());
+  EXPECT_EQ(text(1, root_column::time), "8");
+}
+
+TEST_F(Edit_Grid_Test, A_Keystroke_Sets_The_Flag_And_A_Change_Clears_The_Results) {
+  const std::array cols = {root_column::area + 0,     node_column::elev + 0,
+                           inlet_column::comment + 0, fan_column::head + 0,
+                           assist_column::head + 0,   thermo_column::cond + 0};
+  for (const Folder folder : all_folders) {
+    show(folder);
+    db.Flag_Results = flag_true;
+    view->show_cell(1, cols.at(static_cast<std::size_t>(folder)));
+    QSignalSpy keystroke(view, &Edit_Grid::keystroke);
+    QSignalSpy edited(view, &Edit_Grid::edited);
+    EXPECT_EQ(Edit_Flag(db, folder), 0);
+    type("77");
+    EXPECT_EQ(Edit_Flag(db, folder), 1);
+    EXPECT_EQ(keystroke.count(), 1);
+    EXPECT_EQ(db.Flag_Results, flag_true);
+    EXPECT_EQ(view->editor()->objectName(), "txtEdit" + QString::number(int(folder)));
+    key(Qt::Key_Return);
+    EXPECT_EQ(db.Flag_Results, 0);
+    EXPECT_EQ(edited.count(), 1);
+  }
+}
+
+TEST_F(Edit_Grid_Test, An_Unchanged_Text_Is_No_Edit) {
+  show(Folder::node);
+  copy.grdNode.set_text(1, node_column::comment, blank_comment);
+  db.Flag_Results = flag_true;
+  QSignalSpy edited(view, &Edit_Grid::edited);
+  view->show_cell(1, node_column::comment);
+  key(Qt::Key_F2);
+  EXPECT_EQ(view->editor()->text(), "");  // a cleared comment shows as empty
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(1, node_column::comment), blank_comment);
+  EXPECT_EQ(edited.count(), 0);
+  EXPECT_EQ(db.Flag_Results, flag_true);
+  EXPECT_EQ(db.Edit_Node, 0);
+}
+
+TEST_F(Edit_Grid_Test, Delete_Empties_The_Selection_In_One_Act) {
+  show(Folder::airway);
+  view->show_cell(2, root_column::resist);
+  key(Qt::Key_Right, Qt::ShiftModifier);
+  key(Qt::Key_Down, Qt::ShiftModifier);
+  QSignalSpy edited(view, &Edit_Grid::edited);
+  key(Qt::Key_Delete);
+  EXPECT_EQ(edited.count(), 1);
+  for (const int row : {2, 3}) {
+    EXPECT_EQ(text(row, root_column::resist), "");
+    EXPECT_EQ(text(row, root_column::area), "");
+    EXPECT_NE(text(row, root_column::peri), "");
+  }
+  EXPECT_EQ(view->selectionModel()->selectedIndexes().size(), 4);  // what was emptied stays marked
+  EXPECT_EQ(db.Edit_Root, 1);
+  key(Qt::Key_Delete);
+  EXPECT_EQ(edited.count(), 1);  // nothing more to empty
+}
+
+TEST_F(Edit_Grid_Test, Backspace_Opens_An_Empty_Editor) {
+  show(Folder::airway);
+  view->show_cell(1, root_column::area);
+  key(Qt::Key_Backspace);
+  EXPECT_TRUE(view->editor()->hasFocus());
+  EXPECT_EQ(view->editor()->text(), "");
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(1, root_column::area), "");
+}
+
+TEST_F(Edit_Grid_Test, Escape_Drops_The_Selection_To_The_Current_Cell) {
+  show(Folder::airway);
+  view->show_cell(2, 3);
+  key(Qt::Key_Down, Qt::ShiftModifier);
+  key(Qt::Key_Right, Qt::ShiftModifier);
+  ASSERT_EQ(view->selectionModel()->selectedIndexes().size(), 4);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(view->selectionModel()->selectedIndexes(), QModelIndexList{view->currentIndex()});
+  EXPECT_EQ(current(), Place(3, 4));
+  EXPECT_EQ(copy.grdRoot.Row, 3);
+  EXPECT_EQ(copy.grdRoot.ColSel, 4);
+}
+
+TEST_F(Edit_Grid_Test, Keys_Move_As_In_A_Spreadsheet) {
+  show(Folder::airway);
+  const int last = copy.grdRoot.Rows() - 1;
+  key(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(current(), Place(last, root_column::comment));
+  key(Qt::Key_Home);
+  EXPECT_EQ(current(), Place(last, root_column::name));
+  key(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(current(), Place(1, root_column::name));
+  key(Qt::Key_End);
+  EXPECT_EQ(current(), Place(1, root_column::comment));
+  key(Qt::Key_PageDown);
+  EXPECT_GT(current().first, 3);
+  key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(copy.grdRoot.Row, 1);
+  EXPECT_EQ(copy.grdRoot.RowSel, last);
+  EXPECT_EQ(copy.grdRoot.Col, 0);
+  EXPECT_EQ(copy.grdRoot.ColSel, root_column::comment);
+}
+
+// --- Titles that stay in view
+
+TEST_F(Edit_Grid_Test, An_Airways_Name_Is_Typed) {
+  show(Folder::airway);
+  const int last = copy.grdRoot.Rows() - 1;
+  view->show_cell(last, root_column::name);
+  type("7 - 3");
+  EXPECT_EQ(view->editor()->text(), "7 - 3");
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(last, root_column::name), "7 - 3");
+  // The next airway has its row at once.
+  EXPECT_EQ(view->model()->rowCount(), last + 1);
+  EXPECT_EQ(current(), Place(last + 1, root_column::name));
+  EXPECT_EQ(view->model()->headerData(6, Qt::Vertical).toString(), "7");  // as messages name a row
+}
+
+TEST_F(Edit_Grid_Test, Names_Stay_In_View_And_Are_Reached_By_The_Mouse) {
+  show(Folder::airway);
+  view->horizontalScrollBar()->setValue(150);
+  const QRect name = view->visualRect(view->model()->index(2, 0));
+  EXPECT_EQ(name.left(), 0);
+  click(3, root_column::name);
+  EXPECT_EQ(current(), Place(3, root_column::name));
+  EXPECT_EQ(view->horizontalScrollBar()->value(), 150);
+  type("9-8");
+  EXPECT_EQ(view->editor()->geometry(), name);
+  key(Qt::Key_Escape);
+  // The heading over the names selects them all.
+  QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(20, 10));
+  EXPECT_EQ(copy.grdRoot.Col, 0);
+  EXPECT_EQ(copy.grdRoot.ColSel, 0);
+  EXPECT_EQ(copy.grdRoot.RowSel, copy.grdRoot.Rows() - 1);
+}
+
+TEST_F(Edit_Grid_Test, No_Current_Cell_Hides_Under_The_Names) {
+  show(Folder::airway);
+  view->show_cell(1, root_column::comment);
+  ASSERT_GT(view->horizontalScrollBar()->value(), 0);
+  for (int col = root_column::comment - 1; col > root_column::name; --col) {
+    key(Qt::Key_Left);
+    ASSERT_EQ(current(), Place(1, col));
+    EXPECT_GE(view->visualRect(view->currentIndex()).left(), view->frozen_width());
+  }
+}
+
+TEST_F(Edit_Grid_Test, A_Block_Drawn_From_Under_The_Names_Keeps_Its_Columns) {
+  show(Folder::airway);
+  view->show_cell(2, root_column::resist);
+  for (int step = 0; step < 13; ++step) key(Qt::Key_Right, Qt::ShiftModifier);
+  ASSERT_LT(view->columnViewportPosition(root_column::resist), view->frozen_width());
+  EXPECT_EQ(copy.grdRoot.Col, root_column::resist);
+  EXPECT_EQ(copy.grdRoot.ColSel, root_column::comment);
+  // With the mouse to the name of another row.
+  click(4, root_column::name, Qt::ShiftModifier);
+  EXPECT_EQ(copy.grdRoot.Row, 2);
+  EXPECT_EQ(copy.grdRoot.RowSel, 4);
+  EXPECT_EQ(copy.grdRoot.Col, root_column::name);
+  EXPECT_EQ(copy.grdRoot.ColSel, root_column::resist);
+}
+
+TEST_F(Edit_Grid_Test, The_Editor_Follows_Its_Cell) {
+  show(Folder::airway);
+  view->show_cell(2, root_column::length);
+  type("5");
+  const QRect before = view->editor()->geometry();
+  view->horizontalScrollBar()->setValue(60);
+  EXPECT_EQ(view->editor()->geometry(), before.translated(-60, 0));
+  view->horizontalScrollBar()->setValue(0);
+  view->setColumnWidth(root_column::length, 150);
+  QFont font = view->font();
+  font.setPointSize(font.pointSize() + 4);
+  view->setFont(font);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(view->editor()->geometry(), view->visualRect(view->currentIndex()));
+  type("4444444444444444444444444444");
+  EXPECT_GT(view->editor()->width(), view->visualRect(view->currentIndex()).width());
+  EXPECT_LE(view->editor()->geometry().right(), view->viewport()->rect().right());
+}
+
+// --- Selection by rows and columns, places of a paste
+
+TEST_F(Edit_Grid_Test, Selects_By_Cells_Rows_Or_Columns) {
+  show(Folder::airway);
+  const int last = copy.grdRoot.Rows() - 1;
+  const auto block = [&] {
+    return std::array{copy.grdRoot.Row, copy.grdRoot.Col, copy.grdRoot.RowSel, copy.grdRoot.ColSel};
+  };
+  click(3, 4);
+  EXPECT_EQ(block(), (std::array{3, 4, 3, 4}));
+  db.Opt_GridSel = 1;
+  view->apply_options();
+  click(3, 4);
+  EXPECT_EQ(block(), (std::array{3, 0, 3, int(root_column::comment)}));
+  EXPECT_EQ(current(), Place(3, 4));
+  db.Opt_GridSel = 2;
+  view->apply_options();
+  click(3, 4);
+  EXPECT_EQ(block(), (std::array{1, 4, last, 4}));
+}
+
+TEST_F(Edit_Grid_Test, A_Paste_Begins_Where_The_User_Means_It) {
+  show(Folder::airway);
+  const auto place = [&](const char* text) {
+    view->take_paste_place(text);
+    return Place(copy.grdRoot.Row, copy.grdRoot.Col);
+  };
+  view->show_cell(3, 4);
+  key(Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(place("1\r"), Place(2, 4));
+  db.Opt_GridSel = 1;
+  view->apply_options();
+  view->show_cell(3, 4);
+  EXPECT_EQ(place("1\t2\r"), Place(3, 4));
+  EXPECT_EQ(place("n\t1\t2\t3\t4\t5\t6\t7\t8\t9\t10\t11\t12\tp\tc\r"), Place(3, 0));
+  db.Opt_GridSel = 2;
+  view->apply_options();
+  EXPECT_EQ(place("1\r2\r"), Place(3, 4));
+}
+
+// --- Looks
+
+TEST_F(Edit_Grid_Test, A_Doubtful_Cell_Is_Tinted_And_Says_Why) {
+  show(Folder::airway);
+  EXPECT_FALSE(look(1, root_column::area, Qt::BackgroundRole).isValid());
+  view->show_cell(1, root_column::area);
+  type("2000");
+  key(Qt::Key_Return);
+  EXPECT_EQ(look(1, root_column::area, Qt::BackgroundRole).value<QBrush>().color(),
+            Doubt_Color(view->palette()));
+  EXPECT_TRUE(look(1, root_column::area, Qt::ToolTipRole).toString().contains("'Area' Column"));
+  EXPECT_NE(Doubt_Color(view->palette()), view->palette().color(QPalette::Base));
+}
+
+TEST_F(Edit_Grid_Test, Junctions_Are_Shown_As_Filled_By_The_Program) {
+  show(Folder::node);
+  for (const int col : {int(node_column::junctions), node_column::junc + 4}) {
+    EXPECT_EQ(look(1, col, Qt::ForegroundRole).value<QColor>(),
+              view->palette().color(QPalette::PlaceholderText));
+    EXPECT_EQ(look(1, col, Qt::ToolTipRole).toString(), "Filled from the airways by the check");
+  }
+  EXPECT_FALSE(look(1, node_column::elev, Qt::ForegroundRole).isValid());
+}
+
+// --- Characters composed of several keys
+
+TEST_F(Edit_Grid_Test, A_Composed_Character_Opens_The_Editor) {
+  show(Folder::node);
+  view->show_cell(1, node_column::comment);
+  EXPECT_TRUE(view->testAttribute(Qt::WA_InputMethodEnabled));
+  QInputMethodEvent begun("^", {});
+  QCoreApplication::sendEvent(view, &begun);
+  EXPECT_TRUE(view->editor()->isVisible());
+  EXPECT_TRUE(view->hasFocus());  // or the composition would break off
+  QInputMethodEvent done;
+  done.setCommitString(QString::fromUtf8("\u00e2"));
+  QCoreApplication::sendEvent(view, &done);
+  EXPECT_TRUE(view->editor()->hasFocus());
+  EXPECT_EQ(view->editor()->text(), QString::fromUtf8("\u00e2"));
+  EXPECT_EQ(db.Edit_Node, 1);
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(1, node_column::comment), "\u00e2");
+}
+
+// --- Large mines, other grids
+
+TEST_F(Edit_Grid_Test, A_Full_Airway_Grid_Takes_No_More_Rows) {
+  copy.grdRoot.set_data_rows(max_grid_rows);
+  for (int row = 1; row < max_grid_rows; ++row) copy.grdRoot.set_text(row, 0, Airway_Title(1, row));
+  copy.fit_pictures();
+  show(Folder::airway);
+  EXPECT_EQ(view->model()->rowCount(), max_grid_rows);
+  view->show_cell(max_grid_rows, root_column::name);
+  type("7 - 3");
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(max_grid_rows, root_column::name), "7 - 3");
+  EXPECT_EQ(view->model()->rowCount(), max_grid_rows);
+  EXPECT_EQ(current(), Place(max_grid_rows, root_column::name));
+}
+
+TEST_F(Edit_Grid_Test, Refresh_Keeps_Place_And_Selection) {
+  show(Folder::airway);
+  view->show_cell(5, 3);
+  key(Qt::Key_Down, Qt::ShiftModifier);
+  const int top = view->verticalScrollBar()->value();
+  copy.grdRoot.set_text(5, 3, "0.5");
+  view->refresh();
+  EXPECT_EQ(look(5, 3, Qt::DisplayRole).toString(), "0.5");
+  EXPECT_EQ(copy.grdRoot.Row, 5);
+  EXPECT_EQ(copy.grdRoot.RowSel, 6);
+  EXPECT_EQ(view->selectionModel()->selectedIndexes().size(), 2);
+  EXPECT_EQ(view->verticalScrollBar()->value(), top);
+  EXPECT_TRUE(view->hasFocus());
+  // What a paste has selected is marked.
+  Paste_Folder(db, copy, Folder::airway, "1\t2\t3\r4\t5\t6\r");
+  view->refresh();
+  EXPECT_EQ(view->selectionModel()->selectedIndexes().size(), 6);
+  EXPECT_EQ(look(6, 5, Qt::DisplayRole).toString(), "6");
+  // Rows that have gone take the current cell along with them.
+  copy.grdRoot.set_data_rows(1);
+  view->refresh();
+  EXPECT_EQ(view->model()->rowCount(), 1);
+}
+
+TEST_F(Edit_Grid_Test, Shows_The_Fan_Page_In_Front) {
+  Add_Fan_Page(db, copy);
+  copy.fan_in_front = 1;
+  show(Folder::mainfan);
+  EXPECT_EQ(view->model()->headerData(0, Qt::Vertical).toString(), "No. 1");
+  const QString first = look(1, fan_column::flow, Qt::DisplayRole).toString();
+  ASSERT_FALSE(first.isEmpty());
+  copy.fan_in_front = copy.MFan_GridTotal;
+  view->refresh();
+  EXPECT_EQ(look(1, fan_column::flow, Qt::DisplayRole).toString(), "");
+  view->show_cell(1, fan_column::flow);
+  type("600");
+  key(Qt::Key_Return);
+  EXPECT_EQ(copy.fan(copy.MFan_GridTotal).grdMFan.text(1, fan_column::flow), "600");
+  copy.fan_in_front = 1;
+  view->refresh();
+  EXPECT_EQ(look(1, fan_column::flow, Qt::DisplayRole).toString(), first);
+}
+
+}  // namespace
+}  // namespace branok
