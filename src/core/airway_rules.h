@@ -6,6 +6,9 @@
 
 namespace branok {
 
+/// The marks of a new mine, murgue: Stop, 2Doors, Door, Regu.
+inline constexpr std::array<float, 4> default_type_marks = {40000, 20000, 10000, 200};
+
 /// Regulator class of a connection by its resistance (murgue) and the four marks: 5 "Stop",
 /// 4 "2Doors", 1 "Door", 3 "Regu.", 0 "Open". At a mark counts as above it.
 std::int16_t Regulator_Class(float resist, const std::array<float, 4>& marks);

@@ -150,6 +150,16 @@ void Derive_After_Load(Database& db) {
   }
 }
 
+void Refresh_Regulator_Classes(Database& db) {
+  constexpr int assist_fan = 2;
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      if (std::abs(db.Root_Type(j, i)) == assist_fan) continue;
+      db.Root_Type(j, i) = Regulator_Class(db.Root_Resist(j, i), db.Root_TypeMark);
+    }
+  }
+}
+
 void Fill_Fan_Page(Database& db, int f) {
   db.MFan_WorkSuction[f] = db.MFan_Suction[f];
   db.MFan_WorkDischarge[f] = db.MFan_Discharge[f];

@@ -265,6 +265,10 @@ void Clear_Airway(Database& db, int i, int slot);
 /// Run_Time_Error when a number is outside its table or a loaded temperature is impossible.
 void Derive_After_Load(Database& db);
 
+/// The regulator classes of all airways anew, after the marks have changed. The two ends of an
+/// assist fan keep theirs.
+void Refresh_Regulator_Classes(Database& db);
+
 /// The temperature band of the 3-D colours from the extremes of the airway temperatures, deg C:
 /// the hottest cut to an integer, the floor of the coldest less one. Raises Run_Time_Error when one
 /// is no 16-bit number.

@@ -72,7 +72,7 @@ void Set_Default_Parameters(Database& db) {
   db.Wet_Tag = "evaporate";
 
   db.Opt_MoveSel = db.Opt_GridSel = db.Opt_CalRange = 0;
-  db.Root_TypeMark = {40000, 20000, 10000, 200};
+  db.Root_TypeMark = default_type_marks;
 
   for (int k = 1; k <= 10; ++k) {
     db.Graph_Color[k] = db.Cad_Color[k] = standard_colors[static_cast<std::size_t>(k - 1)];

@@ -93,6 +93,16 @@ std::optional<Message> Name_Fault(std::string_view text) {
   return std::nullopt;
 }
 
+// A speed of a main fan; `which` is its word in the message.
+std::optional<Message> Revolution_Fault(std::string_view which, std::string_view text) {
+  try {
+    if (Parse_Double(text) > 0) return std::nullopt;
+    return messages::Change_Revolution(which);
+  } catch (const Run_Time_Error&) {
+    return messages::Not_Numeric();
+  }
+}
+
 bool Is_Node_Column(Folder folder, int col) {
   switch (folder) {
     case Folder::inlet:
@@ -170,6 +180,23 @@ std::optional<Message> Cell_Fault(Folder folder, int col, std::string_view text)
   if (Is_Node_Column(folder, col)) return Node_Fault(text);
   if (folder != Folder::airway) return std::nullopt;
   return col == root_column::name ? Name_Fault(text) : List_Fault(col, text);
+}
+
+std::optional<Message> Fan_Field_Fault(int field, std::string_view text) {
+  if (Trim(text).empty()) return std::nullopt;
+  switch (field) {
+    case Fan_Page::suction:
+    case Fan_Page::discharge:
+      return Node_Fault(text);
+    case Fan_Page::std_rpm:
+      return Revolution_Fault(" Standard ", text);
+    case Fan_Page::drive_rpm:
+      return Revolution_Fault(" Driving ", text);
+    case Fan_Page::limit_flow:
+      return Number_Fault(limit_flow_rule, text);
+    default:
+      return std::nullopt;
+  }
 }
 
 }  // namespace branok

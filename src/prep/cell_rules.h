@@ -44,4 +44,7 @@ std::string_view Blank_Takes(int col);
 /// blank.
 std::optional<Message> Cell_Fault(Folder folder, int col, std::string_view text);
 
+/// The same for a field 1..6 of a main fan's page.
+std::optional<Message> Fan_Field_Fault(int field, std::string_view text);
+
 }  // namespace branok

@@ -236,6 +236,15 @@ bool Set_Surface_Fan(Database& db, Edit_Copy& copy, bool surface) {
   return true;
 }
 
+bool Set_Fan_Picture(Database& db, Edit_Copy& copy, int slot, std::string_view name) {
+  if (slot < 1 || slot > max_pictures) Outside_Table(slot, max_pictures);
+  std::string& old = copy.fan(copy.fan_in_front).pictures.at(static_cast<std::size_t>(slot - 1));
+  if (old == name) return false;
+  old = name;
+  Note_Edit(db, Folder::mainfan);
+  return true;
+}
+
 int Find_Row(const Database& db, const Edit_Copy& copy, Folder folder, int number) {
   const int node = std::clamp(number, 1, std::max<int>(db.Node_Total, 1));
   int row = Text_Grid::FixedRows;

@@ -72,6 +72,9 @@ bool Set_Fan_Field(Database& db, Edit_Copy& copy, int field, std::string_view te
 /// Sets the box "Surface Main Fan" of the page in front.
 bool Set_Surface_Fan(Database& db, Edit_Copy& copy, bool surface);
 
+/// Sets one of the three picture names of the page in front. False when nothing has changed.
+bool Set_Fan_Picture(Database& db, Edit_Copy& copy, int slot, std::string_view name);
+
 /// The row of the node or airway grid that a search for a node number goes to: the node's row, or
 /// that of the next node with connections; the first airway of that node as the tables hold it, or
 /// the last airway of all. A number above Node_Total stands for Node_Total. 0 on folders that are

@@ -183,6 +183,23 @@ TEST_F(Loaded, AnAssistFanMarksBothEndsOfItsAirway) {
   EXPECT_EQ(db.Root_Type(1, 1), 0);
 }
 
+TEST_F(Loaded, NewMarksGiveNewClassesButToAssistFans) {
+  db.AFan_Total = 1;
+  db.AFan_Suction[1] = 2;
+  db.AFan_Discharge[1] = 4;
+  Derive_After_Load(db);
+  const Database before = db;
+  Refresh_Regulator_Classes(db);
+  EXPECT_EQ(db, before);
+  for (const int i : {1, 2}) Set_Both(db, db.Root_Resist, i, db.Node_Junc(1, i), 5000.0F);
+  db.Root_TypeMark = {50000, 5000, 4000, 3000};
+  Refresh_Regulator_Classes(db);
+  EXPECT_EQ(db.Root_Type(1, 1), 4);
+  EXPECT_EQ(db.Root_Type(Find_Slot(db, db.Node_Junc(1, 1), 1), db.Node_Junc(1, 1)), 4);
+  EXPECT_EQ(db.Root_Type(Find_Slot(db, 2, 4), 2), 2);
+  EXPECT_EQ(db.Root_Type(Find_Slot(db, 4, 2), 4), -2);
+}
+
 TEST_F(Loaded, StartTemperaturesAreTheParameterOrTheAnnualResults) {
   db.Node_DBT[2] = 15;
   db.Root_Temp(1, 2) = 14;

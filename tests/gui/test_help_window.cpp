@@ -17,6 +17,9 @@
 #include <QTreeWidget>
 #include <filesystem>
 
+#include "core/messages.h"
+#include "core/numbers.h"
+#include "prep/cell_rules.h"
 #include "thermal/parameters.h"
 #include "ui/help_window.h"
 #include "ui/icon.h"
@@ -76,45 +79,17 @@ class Help : public Help_File {
 
 TEST(Help_Book, The_Guide_Has_A_Page_For_Each_Topic) {
   const Help_Book book(guide);
-  for (const char* id : {"welcome",
-                         "start",
-                         "words",
-                         "main-window",
-                         "menus",
-                         "toolbar",
-                         "status-bar",
-                         "exit",
-                         "files",
-                         "file-new",
-                         "file-open",
-                         "file-save",
-                         "abk",
-                         "own-files",
-                         "analysis",
-                         "analyze-page",
-                         "wetness",
-                         "find",
-                         "nodal-results",
-                         "temperature-frame",
-                         "airways-results",
-                         "switch",
-                         "const-temp",
-                         "runs",
-                         "flow",
-                         "annual",
-                         "seasonal",
-                         "messages",
-                         "parameters",
-                         "diagrams",
-                         "print",
-                         "copy",
-                         "keyboard",
-                         "batch",
-                         "troubleshooting",
-                         "not-yet",
-                         "database",
-                         "graphic",
-                         "cad"}) {
+  for (const char* id :
+       {"welcome",         "start",        "words",      "main-window",    "menus",
+        "toolbar",         "status-bar",   "exit",       "files",          "file-new",
+        "file-open",       "file-save",    "abk",        "own-files",      "database",
+        "data-pages",      "typing",       "paste",      "calculate",      "fan-pages",
+        "data-find",       "data-options", "check",      "check-messages", "analysis",
+        "analyze-page",    "wetness",      "find",       "nodal-results",  "temperature-frame",
+        "airways-results", "switch",       "const-temp", "runs",           "flow",
+        "annual",          "seasonal",     "messages",   "parameters",     "diagrams",
+        "print",           "copy",         "keyboard",   "batch",          "troubleshooting",
+        "not-yet",         "graphic",      "cad"}) {
     const int place = book.find(id);
     ASSERT_GE(place, 0) << id;
     EXPECT_GT(book.pages()[static_cast<std::size_t>(place)].text.size(), 60) << id;
@@ -159,6 +134,76 @@ TEST(Help_Book, The_Guide_Knows_Each_Parameter_And_Its_Range) {
     ++typed;
   }
   EXPECT_EQ(typed, 10);
+}
+
+// What stands in a message beside names and numbers.
+QString Fixed_Part(const Message& message, const char* variable) {
+  const QString text = To_Qt(message.text).simplified();
+  QString longest;
+  for (const QString& part : text.split(variable)) {
+    if (part.size() > longest.size()) longest = part;
+  }
+  return longest.trimmed();
+}
+
+TEST(Help_Book, The_Guide_Knows_Each_Message_Of_The_Check) {
+  const Help_Book book(guide);
+  const QString text = book.pages()[static_cast<std::size_t>(book.find("check-messages"))].text +
+                       book.pages()[static_cast<std::size_t>(book.find("check"))].text;
+  using namespace messages;
+  for (const QString& part : {Fixed_Part(Not_Numeric(), "@"),
+                              Fixed_Part(Not_Positive("@", "@"), "@"),
+                              Fixed_Part(Wrong_Input("@", "@"), "@"),
+                              Fixed_Part(Missing_Input("@", "@"), "@"),
+                              Fixed_Part(Airway_Row_Fault(7), "7"),
+                              Fixed_Part(Node_Row_Missing(7), "7"),
+                              Fixed_Part(Input_Node_Number(), "@"),
+                              Fixed_Part(Same_Node_Numbers(), "@"),
+                              Fixed_Part(Airway_Undefined(), "@"),
+                              Fixed_Part(Airway_Exists_Already(), "@"),
+                              Fixed_Part(Five_Connections(), "@"),
+                              Fixed_Part(Ask_Deleted_Airway("@"), "@"),
+                              Fixed_Part(Ask_Add_Airway("@"), "@"),
+                              Fixed_Part(Node_Double_Booked("Fan"), "@"),
+                              Fixed_Part(Node_Double_Booked("Inlet"), "@"),
+                              Fixed_Part(Enter_Node("Suction Node"), "@"),
+                              Fixed_Part(No_Flow_Direction(), "@").section(" Change", 0, 0),
+                              Fixed_Part(Change_Revolution(" Standard "), "@"),
+                              Fixed_Part(Too_Few_Fan_Points(7), "7").section(" (", 0, 0),
+                              Fixed_Part(Airway_Not_Existing("@", "@"), "@"),
+                              Fixed_Part(Dead_End(7), "7"),
+                              Fixed_Part(Data_All_Right(), "@")}) {
+    EXPECT_FALSE(part.isEmpty());
+    EXPECT_TRUE(text.contains(part)) << part.toStdString();
+  }
+  for (const char* part : {"The value should be from", "Change value !", "data is out of range.",
+                           "is not existing !"}) {
+    EXPECT_TRUE(text.contains(part)) << part;
+  }
+}
+
+TEST(Help_Book, The_Guide_Knows_What_A_Blank_Cell_Takes) {
+  const Help_Book book(guide);
+  const QString html = book.pages()[static_cast<std::size_t>(book.find("data-pages"))].html;
+  static const QRegularExpression row("<tr>(.*?)</tr>",
+                                      QRegularExpression::DotMatchesEverythingOption);
+  // The rows of the airways' columns end in what a blank cell takes.
+  QStringList taken;
+  bool airways = false;
+  for (auto at = row.globalMatch(html); at.hasNext();) {
+    const QString cells = at.next().captured(1);
+    if (airways) taken << cells.section("<td>", -1).remove("</td>").trimmed();
+    airways = airways || cells.contains("Blank takes");
+  }
+  ASSERT_GT(taken.size(), int{root_column::height});
+  for (int col = root_column::resist; col <= root_column::height; ++col) {
+    const std::string_view text = Blank_Takes(col);
+    if (col == root_column::kind || col == root_column::wind || col == root_column::shape) {
+      EXPECT_EQ(taken[col], To_Qt(text));
+    } else {
+      EXPECT_EQ(taken[col].toDouble(), Parse_Double(text)) << col;
+    }
+  }
 }
 
 TEST(Help_Book, The_Guide_Sets_No_Colours) {
@@ -408,7 +453,7 @@ TEST(Icons, Each_One_Shows_At_Small_And_Large_Size) {
     }
   }
   EXPECT_EQ(icons, list.count("<file"));
-  EXPECT_GE(icons, 36);
+  EXPECT_GE(icons, 38);
 }
 
 TEST(Icons, Toolbar_And_Menus_Have_Theirs) {
@@ -420,6 +465,8 @@ TEST(Icons, Toolbar_And_Menus_Have_Theirs) {
                            "cut",
                            "copy",
                            "paste",
+                           "undo",
+                           "redo",
                            "zoomin",
                            "zoomout",
                            "rect",
