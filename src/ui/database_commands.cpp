@@ -12,9 +12,11 @@
 #include "ui/data_option_dialog.h"
 #include "ui/database_window.h"
 #include "ui/diagram_dialog.h"
+#include "ui/edit_grid.h"
 #include "ui/grid_clipboard.h"
 #include "ui/icon.h"
 #include "ui/main_window.h"
+#include "ui/status_bar.h"
 
 namespace branok {
 
@@ -239,11 +241,10 @@ void BRANOK60::Edit_Redo(int) {
   move_in_history(&Edit_History::redo);
 }
 
-void BRANOK60::move_in_history(std::optional<Edit_Place> (Edit_History::*move)(Database&,
-                                                                               Edit_Copy&)) {
+void BRANOK60::move_in_history(History_Move way) {
   MDIData& window = database_window();
   window.finish_typing();
-  const std::optional<Edit_Place> place = (history_.*move)(project_.db, edit_);
+  const std::optional<Edit_Place> place = (history_.*way)(project_.db, edit_);
   window.refresh();
   if (place) window.show_place(*place);
   data_edited();
@@ -276,7 +277,10 @@ void BRANOK60::Edit_Paste(int) {
   if (window_tag() == "analysis") {
     done = analysis_window().paste(text);
   } else if (const std::optional<Folder> folder = database_window().folder()) {
-    edit([&] { done = Paste_Folder(project_.db, edit_, *folder, text); });
+    edit([&] {
+      data_->grid_view()->take_paste_place(text);
+      done = Paste_Folder(project_.db, edit_, *folder, text);
+    });
   }
   tell_paste(done);
 }

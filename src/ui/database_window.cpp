@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFormLayout>
-#include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollBar>
@@ -11,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "core/numbers.h"
+#include "ui/fan_page_view.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -152,10 +152,13 @@ QWidget* MDIData::make_folder_page(Folder folder, const char* grid_name) {
   return widget;
 }
 
-QWidget* MDIData::make_fan_page() {
-  fraContena = new QFrame;
-  fraContena->setObjectName("fraContena");
-  return fraContena;
+Fan_Page_View* MDIData::make_fan_page() {
+  fans_ = new Fan_Page_View(db_, copy_);
+  connect(fans_, &Fan_Page_View::edited, this, &MDIData::note_act);
+  connect(fans_, &Fan_Page_View::typed, this, &MDIData::typed);
+  connect(fans_, &Fan_Page_View::command, this, &MDIData::command);
+  connect(fans_->grid(), &Edit_Grid::editor_focus, this, &MDIData::tell_target);
+  return fans_;
 }
 
 void MDIData::make_pictures(Folder folder, Folder_Page& page) {
@@ -199,7 +202,7 @@ void MDIData::showEvent(QShowEvent* event) {
 
 QWidget* MDIData::first_field() const {
   if (Edit_Grid* const grid = grid_view()) return grid;
-  return folder() ? static_cast<QWidget*>(fraContena) : txtMine;
+  return txtMine;
 }
 
 // --- What is shown
@@ -211,6 +214,7 @@ void MDIData::load() {
     page.grid->scrollToTop();
     page.grid->horizontalScrollBar()->setValue(0);
   }
+  fans_->load();
   apply_options();
   refresh();
   tabData->setCurrentIndex(network_page);
@@ -222,6 +226,7 @@ void MDIData::refresh() {
   for (const Folder_Page& page : pages_) {
     if (page.grid != nullptr) page.grid->refresh();
   }
+  fans_->refresh();
 }
 
 // A name filled up with blanks would be typed on behind them; a text on which somebody is at work
@@ -254,6 +259,7 @@ void MDIData::apply_font(const QFont& font) {
   for (const Folder_Page& page : pages_) {
     if (page.grid != nullptr) page.grid->setFont(font);
   }
+  fans_->apply_font(font);
   for (QLabel* const label : tabData->findChildren<QLabel*>()) label->setFont(font);
 }
 
@@ -288,7 +294,10 @@ QLineEdit* MDIData::focused_text() const {
   return qobject_cast<QLineEdit*>(field);
 }
 
-Edit_Grid* MDIData::grid_view() const { return folder() ? page(*folder()).grid : nullptr; }
+Edit_Grid* MDIData::grid_view() const {
+  if (!folder()) return nullptr;
+  return folder() == Folder::mainfan ? fans_->grid() : page(*folder()).grid;
+}
 
 const MDIData::Folder_Page& MDIData::page(Folder folder) const {
   return pages_.at(static_cast<std::size_t>(folder));
@@ -299,6 +308,7 @@ void MDIData::finish_typing() {
     if (page.grid != nullptr) page.grid->commit_editor();
     if (page.pictures != nullptr) page.pictures->finish();
   }
+  fans_->finish_typing();
   cboView5->finish();
 }
 
@@ -317,6 +327,7 @@ void MDIData::copy_selection() {
 void MDIData::show_place(const Edit_Place& place) {
   finish_typing();
   tabData->setCurrentIndex(Page_Of(place.folder));
+  if (place.folder == Folder::mainfan) return fans_->show_place(place);
   Edit_Grid* const grid = grid_view();
   if (grid == nullptr) return;
   if (place.row > 0) {

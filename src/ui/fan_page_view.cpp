@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -15,6 +14,7 @@
 #include "prep/cell_rules.h"
 #include "prep/edit_commands.h"
 #include "ui/edit_grid.h"
+#include "ui/picture_box.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -132,15 +132,10 @@ QLayout* Fan_Page_View::make_fields() {
     lblTitle.at(static_cast<std::size_t>(k))->setBuddy(text);
     txtData_.at(static_cast<std::size_t>(k - 1)) = text;
   }
-  cboView3 = new QComboBox(page_);
-  cboView3->setObjectName("cboView3");
-  cboView3->setEditable(true);
-  cboView3->setInsertPolicy(QComboBox::NoInsert);
-  cboView3->setCompleter(nullptr);
-  cboView3->setToolTip(
-      "Up to three pictures of the fan: choose a line of the list and type its name");
-  cboView3->installEventFilter(this);  // it has the keyboard, not the text box inside
-  connect(cboView3->lineEdit(), &QLineEdit::textEdited, this, &Fan_Page_View::take_picture);
+  cboView3 = new Picture_Box("cboView3", page_);
+  cboView3->installEventFilter(this);
+  connect(cboView3, &Picture_Box::renamed, this, &Fan_Page_View::take_picture);
+  connect(cboView3, &Picture_Box::edited, this, &Fan_Page_View::edited);
   lblTitle[7]->setBuddy(cboView3);
 
   Surface_Fan = new QCheckBox("Surface Main Fan", page_);
@@ -220,13 +215,12 @@ void Fan_Page_View::show_tabs() {
 }
 
 void Fan_Page_View::show_pictures() {
-  const QSignalBlocker quiet(cboView3);
-  const int slot = std::max(cboView3->currentIndex(), 0);
-  cboView3->clear();
   const int f = copy_.fan_in_front;
-  if (f == 0) return;
-  for (const std::string& name : copy_.fan(f).pictures) cboView3->addItem(To_Qt(name));
-  cboView3->setCurrentIndex(slot);
+  if (f > 0) {
+    cboView3->show_names(copy_.fan(f).pictures);
+  } else {
+    cboView3->show_none();
+  }
 }
 
 // A surface fan has one node: the second field only shows it.
@@ -260,12 +254,8 @@ void Fan_Page_View::take_field(int number, const QString& text) {
   emit typed();
 }
 
-void Fan_Page_View::take_picture(const QString& name) {
-  const int slot = cboView3->currentIndex();
-  if (!Set_Fan_Picture(db_, copy_, slot + 1, name.toStdString())) return;
-  touched_ = true;
-  cboView3->setItemText(slot, name);
-  emit typed();
+void Fan_Page_View::take_picture(int slot, const QString& name) {
+  if (Set_Fan_Picture(db_, copy_, slot, name.toStdString())) emit typed();
 }
 
 void Fan_Page_View::take_surface(bool surface) {
@@ -285,6 +275,7 @@ void Fan_Page_View::turn_to(int tab) {
 
 void Fan_Page_View::finish_typing() {
   grdMFan->commit_editor();
+  cboView3->finish();
   leave(field_of(focused_text()));
 }
 

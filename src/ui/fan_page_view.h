@@ -8,7 +8,6 @@
 #include "prep/edit_copy.h"
 
 class QCheckBox;
-class QComboBox;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -18,6 +17,7 @@ class QTabBar;
 namespace branok {
 
 class Edit_Grid;
+class Picture_Box;
 
 class Fan_Page_View : public QWidget {
   Q_OBJECT
@@ -67,7 +67,7 @@ class Fan_Page_View : public QWidget {
   void show_faults();
 
   void take_field(int field, const QString& text);
-  void take_picture(const QString& name);
+  void take_picture(int slot, const QString& name);
   void take_surface(bool surface);
   void turn_to(int tab);
   void leave(int number);
@@ -88,7 +88,7 @@ class Fan_Page_View : public QWidget {
   QWidget* page_ = nullptr;                                 // the fan in front
   std::array<QLabel*, 8> lblTitle{};                        // 0 counts the fans, 1..7 the fields
   std::array<QLineEdit*, Fan_Page::last_field> txtData_{};  // txtData1 to txtData6
-  QComboBox* cboView3 = nullptr;
+  Picture_Box* cboView3 = nullptr;
   QCheckBox* Surface_Fan = nullptr;
   Edit_Grid* grdMFan = nullptr;
 };

@@ -319,7 +319,7 @@ void BRANOK60::show_command_state() {
 }
 
 void BRANOK60::show_database_state() {
-  const QString target = data_->edit_tag();
+  const QString target = QString::fromStdString(data_->edit_tag());
   const bool any = target != "network" && target != "none";
   set_edit_tag(any ? target : QString("none"));
   Set_Edit_Menu_State(true, any, any, any, target == "airway");

@@ -189,7 +189,8 @@ class BRANOK60 : public QMainWindow {
   void set_in_rows(bool (*set)(Database&, Edit_Copy&, int), int value);
   void add_fan();
   void delete_fan();
-  void move_in_history(std::optional<Edit_Place> (Edit_History::*move)(Database&, Edit_Copy&));
+  using History_Move = std::optional<Edit_Place> (Edit_History::*)(Database&, Edit_Copy&);
+  void move_in_history(History_Move way);
   [[nodiscard]] QLineEdit* focused_text() const;
   void tell_paste(const Paste_Result& done);
   std::optional<int> ask_rows(const std::string& verb, const std::string& title);
