@@ -189,6 +189,7 @@ void MDIData::make_page_keys() {
 
 // The keyboard goes to the page, unless it is at the tabs to turn on, or in another window.
 void MDIData::page_turned() {
+  finish_typing();
   const bool here = isAncestorOf(QApplication::focusWidget());
   if (here && !tabData->tabBar()->hasFocus()) first_field()->setFocus();
   tell_target();

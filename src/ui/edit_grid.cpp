@@ -51,6 +51,7 @@ Edit_Grid::Edit_Grid(Database& db, Edit_Copy& copy, Folder folder, QWidget* pare
   setTabKeyNavigation(true);
   make_editor();
   apply_options();
+  fit_columns();
 }
 
 void Edit_Grid::set_up_columns() {
@@ -193,6 +194,7 @@ bool Edit_Grid::commit_editor() {
   const bool changed = Commit_Cell(db_, copy_, folder_, text.toStdString());
   rows().row_changed(row);
   rows().rows_added();
+  widen_column(cell_.x());
   take_selection();
   if (changed) emit edited();
   return changed;
@@ -369,11 +371,6 @@ void Edit_Grid::focusOutEvent(QFocusEvent* event) {
   if (keyboard_has_gone(*event)) commit_editor();
 }
 
-void Edit_Grid::hideEvent(QHideEvent* event) {
-  commit_editor();
-  Frozen_Grid_View::hideEvent(event);
-}
-
 void Edit_Grid::scrollContentsBy(int dx, int dy) {
   Frozen_Grid_View::scrollContentsBy(dx, dy);
   place_editor();
@@ -399,6 +396,12 @@ void Edit_Grid::selectionChanged(const QItemSelection& now, const QItemSelection
 }
 
 // --- Looks
+
+// Names and comments have room before the first is typed.
+int Edit_Grid::least_characters(int col) const {
+  const bool text = col == rows().columnCount() - 1 || col == Picture_Column(folder_);
+  return text && folder_ != Folder::mainfan ? 16 : 0;
+}
 
 QVariant Edit_Grid::look(int row, int col, int role) const {
   if (role != Qt::BackgroundRole && role != Qt::ForegroundRole && role != Qt::ToolTipRole)

@@ -67,12 +67,12 @@ class Edit_Grid : public Frozen_Grid_View {
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void hideEvent(QHideEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void updateGeometries() override;
   void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
   void selectionChanged(const QItemSelection& now, const QItemSelection& before) override;
   bool eventFilter(QObject* object, QEvent* event) override;
+  [[nodiscard]] int least_characters(int col) const override;
 
  private:
   void set_up_columns();

@@ -148,11 +148,20 @@ void Grid_View::fit_columns() {
   fitting_ = false;
 }
 
+int Grid_View::least_characters(int /*col*/) const { return 0; }
+
+void Grid_View::widen_column(int col) {
+  if (dragged_.contains(col)) return;
+  fitting_ = true;
+  setColumnWidth(col, std::max(columnWidth(col), text_width(col)));
+  fitting_ = false;
+}
+
 // Room for the longest text of a column, counted in digits, and for its heading.
 int Grid_View::text_width(int col) const {
   const Text_Grid& grid = model_.grid();
   const int digit = fontMetrics().horizontalAdvance('0');
-  std::size_t longest = 0;
+  auto longest = static_cast<std::size_t>(least_characters(col));
   for (int row = Text_Grid::FixedRows; row < grid.Rows(); ++row) {
     longest = std::max(longest, grid.text(row, col).size());
   }

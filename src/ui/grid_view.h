@@ -15,6 +15,7 @@ class Grid_View : public QTableView {
   explicit Grid_View(Text_Grid& grid, QWidget* parent = nullptr);
 
   [[nodiscard]] Text_Grid_Model& rows() { return model_; }
+  [[nodiscard]] const Text_Grid_Model& rows() const { return model_; }
 
   /// Shows the grid as it is now, with columns as wide as their texts need, and keeps the place in
   /// view when the number of rows has stayed.
@@ -48,6 +49,11 @@ class Grid_View : public QTableView {
   [[nodiscard]] int first_column() const;
   /// True when there is nothing but, at most, a blank row to type in.
   [[nodiscard]] bool is_empty() const;
+
+  /// Room that a column has at least, in digits.
+  [[nodiscard]] virtual int least_characters(int col) const;
+  /// Makes a column wide enough for its texts, unless the user has dragged it.
+  void widen_column(int col);
 
   void focusInEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

@@ -191,10 +191,6 @@ TEST_F(Edit_Grid_Test, Losing_The_Keyboard_Commits) {
   click(4, root_column::heat);
   EXPECT_EQ(text(2, root_column::time), "6");
   EXPECT_EQ(current(), Place(4, root_column::heat));
-  // A page that is turned away.
-  type("5");
-  view->hide();
-  EXPECT_EQ(text(4, root_column::heat), "5");
 }
 
 TEST_F(Edit_Grid_Test, A_Menu_And_Another_Window_Do_Not_Commit) {
@@ -398,6 +394,17 @@ TEST_F(Edit_Grid_Test, The_Editor_Follows_Its_Cell) {
   type("4444444444444444444444444444");
   EXPECT_GT(view->editor()->width(), view->visualRect(view->currentIndex()).width());
   EXPECT_LE(view->editor()->geometry().right(), view->viewport()->rect().right());
+}
+
+TEST_F(Edit_Grid_Test, A_Column_Grows_With_What_Is_Typed) {
+  show(Folder::thermal);
+  const int before = view->columnWidth(thermo_column::node1);
+  view->show_cell(1, thermo_column::node1);
+  type("12345678901234567890");
+  key(Qt::Key_Return);
+  EXPECT_GT(view->columnWidth(thermo_column::node1), before);
+  EXPECT_GT(view->columnWidth(thermo_column::comment),
+            16 * view->fontMetrics().horizontalAdvance('0'));
 }
 
 // --- Selection by rows and columns, places of a paste
