@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -144,6 +145,10 @@ std::string Format_Fan_Field(int field, std::string_view text);
 /// The folders whose texts have changed since the last check and no longer are what the tables
 /// hold.
 std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy);
+
+/// The number that field 1..5 of a main fan's page stands for: the one that it was filled from as
+/// long as its text still shows that, else the text's own. Nothing when the text holds no number.
+std::optional<double> Fan_Field_Number(const Fan_Page& page, int field);
 
 // --- Single cells
 
