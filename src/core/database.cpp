@@ -2,6 +2,7 @@
 #include "core/database.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/airway_rules.h"
@@ -17,15 +18,26 @@ namespace {
 
 constexpr Picture page_cell("####0.0");
 
+// What an airway's cell consists of, beside its comment and its pictures.
+constexpr std::array root_numbers = {
+    &Database::Root_Resist,   &Database::Root_Area,    &Database::Root_Peri,
+    &Database::Root_Length,   &Database::Root_Time,    &Database::Root_Heat,
+    &Database::Root_Wet,      &Database::Root_Fric,    &Database::Root_Height,
+    &Database::Root_Flow,     &Database::Root_Temp,    &Database::Root_Hum,
+    &Database::Root_TempInit, &Database::Root_Density, &Database::Root_RockCond,
+    &Database::Root_RockDiff};
+constexpr std::array root_integers = {&Database::Root_Kind,   &Database::Root_Wind,
+                                      &Database::Root_Shape,  &Database::Root_Type,
+                                      &Database::Root_Switch, &Database::Root_FlowSign};
+
 // The outside density that all of the solver's densities refer to: 1.293 kg/m3 at 0 deg C.
 float Solver_Density(double temperature, int elevation) {
   return static_cast<float>(1.293 / (1 + 0.00366 * temperature) * std::exp(-elevation / 8620.0));
 }
 
-// Node_Used, classes, perimeters and start temperatures of one connected node; widens the extremes.
+// Perimeters and start temperatures of one connected node; widens the extremes.
 void Derive_Connections(Database& db, int i, float& hottest, float& coldest) {
   for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
-    db.Root_Type(j, i) = Regulator_Class(db.Root_Resist(j, i), db.Root_TypeMark);
     const int shape = db.Root_Shape(j, i);
     if (db.Root_Peri(j, i) == 0 && shape >= 0 && shape <= 3) {
       db.Root_Peri(j, i) = Perimeter_From_Area(db.Root_Area(j, i), shape);
@@ -40,7 +52,6 @@ void Derive_Connections(Database& db, int i, float& hottest, float& coldest) {
       db.Root_Density(j, i) = Solver_Density(db.Root_Temp(j, i), mean);
     }
   }
-  db.Node_Used[i] = 1;
 }
 
 // Wet bulb from dry bulb and humidity, at the node's pressure.
@@ -79,18 +90,19 @@ void Clear_Node(Database& db, int i) {
 }
 
 void Clear_Airway(Database& db, int i, int slot) {
-  for (Root_Table<float>* table :
-       {&db.Root_Resist, &db.Root_Area, &db.Root_Peri, &db.Root_Length, &db.Root_Time,
-        &db.Root_Heat, &db.Root_Wet, &db.Root_Fric, &db.Root_Height, &db.Root_Flow, &db.Root_Temp,
-        &db.Root_Hum, &db.Root_TempInit, &db.Root_Density, &db.Root_RockCond, &db.Root_RockDiff}) {
-    (*table)(slot, i) = 0;
-  }
-  for (Root_Table<std::int16_t>* table : {&db.Root_Kind, &db.Root_Wind, &db.Root_Shape,
-                                          &db.Root_Type, &db.Root_Switch, &db.Root_FlowSign}) {
-    (*table)(slot, i) = 0;
-  }
+  for (const auto table : root_numbers) (db.*table)(slot, i) = 0;
+  for (const auto table : root_integers) (db.*table)(slot, i) = 0;
   db.Root_Comm(slot, i) = blank_comment;
   for (int p = 1; p <= max_pictures; ++p) db.Root_Pict(p, slot, i).clear();
+}
+
+void Copy_Airway(Database& db, int i, int slot, const Database& from, int from_i, int from_slot) {
+  for (const auto table : root_numbers) (db.*table)(slot, i) = (from.*table)(from_slot, from_i);
+  for (const auto table : root_integers) (db.*table)(slot, i) = (from.*table)(from_slot, from_i);
+  db.Root_Comm(slot, i) = from.Root_Comm(from_slot, from_i);
+  for (int p = 1; p <= max_pictures; ++p) {
+    db.Root_Pict(p, slot, i) = from.Root_Pict(p, from_slot, from_i);
+  }
 }
 
 void Reset_Database(Database& db) {
@@ -108,12 +120,36 @@ void Reset_For_Read(Database& db) {
   Set_File_Presets(db);
 }
 
+void Derive_Marks(Database& db) {
+  for (int i = 1; i <= max_nodes; ++i) {
+    db.Node_Type[i] = 0;
+    db.Node_Used[i] = db.Node_JuncCount[i] > 0 ? 1 : 0;
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      db.Root_Type(j, i) = Regulator_Class(db.Root_Resist(j, i), db.Root_TypeMark);
+    }
+  }
+  for (int k = 1; k <= db.Inlet_Total; ++k) {
+    db.Node_Type[db.Inlet_Node[k]] = 1;
+    db.Node_Used[db.Inlet_Node[k]] = 1;
+  }
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    const int suction = db.MFan_Suction[f];
+    db.MFan_Surface[f] = suction == db.MFan_Discharge[f] ? 1 : 0;
+    db.Node_Type[suction] = db.MFan_Surface[f] == 1 ? 2 : 3;
+    db.Node_Used[suction] = 1;
+    db.MFan_Ratio[f] =
+        db.MFan_StdRpm[f] == 0 ? 1.0F : To_Single(double{db.MFan_DriveRpm[f]} / db.MFan_StdRpm[f]);
+  }
+  for (int k = 1; k <= db.AFan_Total; ++k) {
+    const int suction = db.AFan_Suction[k];
+    const int discharge = db.AFan_Discharge[k];
+    if (const int a = Find_Slot(db, suction, discharge)) db.Root_Type(a, suction) = 2;
+    if (const int b = Find_Slot(db, discharge, suction)) db.Root_Type(b, discharge) = -2;
+  }
+}
+
 void Derive_After_Load(Database& db) {
   const Float_Faults faults;
-  for (int i = 1; i <= db.Node_Total; ++i) {
-    db.Node_Type[i] = 0;
-    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) db.Root_Type(j, i) = 0;
-  }
   db.Node_Max = db.Node_Total;
   db.MFan_GridTotal = db.MFan_Total;
 
@@ -128,25 +164,10 @@ void Derive_After_Load(Database& db) {
   faults.check("the loaded temperatures");
   Set_Temperature_Band(db, hottest, coldest);
 
-  for (int k = 1; k <= db.Inlet_Total; ++k) {
-    db.Node_Type[db.Inlet_Node[k]] = 1;
-    db.Node_Used[db.Inlet_Node[k]] = 1;
-  }
+  Derive_Marks(db);
   for (int f = 1; f <= db.MFan_Total; ++f) {
-    const int suction = db.MFan_Suction[f];
-    db.MFan_Surface[f] = suction == db.MFan_Discharge[f] ? 1 : 0;
-    db.Node_Type[suction] = db.MFan_Surface[f] == 1 ? 2 : 3;
-    db.Node_Used[suction] = 1;
     Fill_Fan_Page(db, f);
-    db.MFan_Press[f] = std::abs(db.Node_Press[suction]);
-    db.MFan_Ratio[f] =
-        db.MFan_StdRpm[f] == 0 ? 1.0F : To_Single(double{db.MFan_DriveRpm[f]} / db.MFan_StdRpm[f]);
-  }
-  for (int k = 1; k <= db.AFan_Total; ++k) {
-    const int suction = db.AFan_Suction[k];
-    const int discharge = db.AFan_Discharge[k];
-    if (const int a = Find_Slot(db, suction, discharge)) db.Root_Type(a, suction) = 2;
-    if (const int b = Find_Slot(db, discharge, suction)) db.Root_Type(b, discharge) = -2;
+    db.MFan_Press[f] = std::abs(db.Node_Press[db.MFan_Suction[f]]);
   }
 }
 

@@ -260,8 +260,16 @@ void Clear_Node(Database& db, int i);
 /// comment.
 void Clear_Airway(Database& db, int i, int slot);
 
-/// What follows from loaded data: regulator classes, missing perimeters, wet bulbs, node types,
-/// start temperatures, the fans' edit copy, the temperature band. Run once after every load. Raises
+/// Makes the slot's cell in all Root tables that of another slot, perhaps of another database.
+void Copy_Airway(Database& db, int i, int slot, const Database& from, int from_i, int from_slot);
+
+/// The marks that follow from connections, intakes and fans: Node_Used, Node_Type, the regulator
+/// classes with the assist fans' 2 and -2, MFan_Surface, MFan_Ratio. Raises Run_Time_Error when a
+/// number is outside its table.
+void Derive_Marks(Database& db);
+
+/// What follows from loaded data: the marks, missing perimeters, wet bulbs, start temperatures, the
+/// fans' edit copy, the temperature band. Run once after every load. Raises
 /// Run_Time_Error when a number is outside its table or a loaded temperature is impossible.
 void Derive_After_Load(Database& db);
 

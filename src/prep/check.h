@@ -30,8 +30,8 @@ Check_Result Check_Data(Database& db, Edit_Copy& copy, Dialogue& dialogue);
 void Mark_All_Edited(Database& db);
 
 /// The tests of a main fan that its diagram needs (standard and driving r.p.m., head-flow table),
-/// with their messages. On success the fan's page has been written to `db`, which may be a copy of
-/// the tables.
+/// with their messages. On success the page's speeds, limit flow and table have been written to
+/// `db`, which should be a copy of the tables, and MFan_Total reaches the fan.
 Check_Result Check_Fan_For_Diagram(Database& db, Edit_Copy& copy, int fan, Dialogue& dialogue);
 
 /// Asks, then writes the tables back to the grids of nodes, airways, thermal rows, intakes and

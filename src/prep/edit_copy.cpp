@@ -377,6 +377,19 @@ std::string Format_Fan_Field(int field, std::string_view text) {
   }
 }
 
+std::optional<double> Fan_Field_Number(const Fan_Page& page, int field) {
+  const std::string& text = page.text.at(static_cast<std::size_t>(field));
+  const double value = page.value.at(static_cast<std::size_t>(field));
+  if (text == Field_Picture(field)(value).view()) return value;
+  try {
+    const double number = Parse_Double(text);
+    (void)To_Single(number);
+    return number;
+  } catch (const Run_Time_Error&) {
+    return std::nullopt;
+  }
+}
+
 std::int16_t& Edit_Flag(Database& db, Folder folder) {
   switch (folder) {
     case Folder::airway:

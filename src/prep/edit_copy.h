@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -139,6 +140,10 @@ void Fill_Thermal(const Database& db, Edit_Copy& copy);
 /// A typed field of a main fan's page as it is shown on leaving it: nodes "##0", r.p.m. "###0",
 /// limit flow "####0". The comment stays as it is, and so does a text that is no number.
 std::string Format_Fan_Field(int field, std::string_view text);
+
+/// The number that field 1..5 of a main fan's page stands for: the one that it was filled from as
+/// long as its text still shows that, else the text's own. Nothing when the text holds no number.
+std::optional<double> Fan_Field_Number(const Fan_Page& page, int field);
 
 // --- Single cells
 
