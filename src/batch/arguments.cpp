@@ -192,8 +192,8 @@ Settings, for the steps that follow
                               it again; one above 10000 murgue stays as it is
 
 The network
-  --check                     checks the whole mine as the Database window would
-                              show it, fills in what is blank and takes it over
+  --check                     checks the whole mine as its grids show it, and
+                              takes it over from there: with the digits shown
   --calculate WHAT            computes a value of every airway, then checks:
                               resistance (from the friction factor), length
                               (between the two nodes), perimeter (from the area),

@@ -10,7 +10,9 @@
 
 #include "core/database.h"
 #include "core/safe_file.h"
+#include "core/vocabulary.h"
 #include "files/ver6.h"
+#include "prep/calculators.h"
 #include "support/generated_mine.h"
 #include "support/temporary_folder.h"
 
@@ -251,6 +253,176 @@ TEST_F(Batch_Program, SettingsApplyToWhatFollows) {
   const Outcome area = Batch({mine_a, "--flow", "--wet", "area", "--annual"});
   const Outcome evaporate = Batch({mine_a, "--flow", "--wet", "evaporate", "--annual"});
   EXPECT_NE(area.out, evaporate.out);
+}
+
+class Batch_Network : public Batch_Program {
+ protected:
+  // What a saved mine holds.
+  static Database Read(const std::filesystem::path& file) {
+    Database db;
+    Reset_Database(db);
+    Comment_Template comments;
+    const Read_Result read = Read_Ver6(db, file, comments);
+    EXPECT_TRUE(read.ok) << read.fault;
+    return db;
+  }
+  std::filesystem::path saved = folder.path() / "saved.abk";
+};
+
+TEST_F(Batch_Network, TheDemoMinesPassTheCheck) {
+  for (const char* const name : {"mine-a", "mine-c"}) {
+    const std::string mine = BRANOK_TEST_DATA "/DATA/" + std::string(name) + ".abk";
+    const Outcome o = Batch({mine, "--check", "--flow"});
+    EXPECT_EQ(o.exit, Exit::done) << name;
+    EXPECT_TRUE(o.out.starts_with("Check of the data: passed\nFlow analysis: converged\n"));
+    EXPECT_TRUE(o.err.starts_with("The data are all right !\n")) << o.err;
+    EXPECT_FALSE(Has(o.err, "Deleted airway"));
+    EXPECT_FALSE(Has(o.err, "Add airway"));
+  }
+}
+
+TEST_F(Batch_Network, ACheckedMineIsTheSameMine) {
+  const Outcome o = Batch({mine_a, "--flow", "--check", "--save", saved.string()});
+  ASSERT_EQ(o.exit, Exit::done);
+  const Database before = Read(mine_a);
+  const Database after = Read(saved);
+  EXPECT_EQ(after.Flag_Results, flag_true);  // a check is no edit
+  ASSERT_EQ(after.Node_Total, before.Node_Total);
+  EXPECT_EQ(after.Node_JuncCount, before.Node_JuncCount);
+  EXPECT_EQ(after.Node_Elev, before.Node_Elev);
+  EXPECT_EQ(after.Inlet_Node, before.Inlet_Node);
+  EXPECT_EQ(after.MFan_Suction, before.MFan_Suction);
+  for (int i = 1; i <= before.Node_Total; ++i) {
+    for (int j = 1; j <= before.Node_JuncCount[i]; ++j) {
+      const int slot = Find_Slot(after, i, before.Node_Junc(j, i));
+      ASSERT_GT(slot, 0);
+      const float resist = before.Root_Resist(j, i);
+      EXPECT_NEAR(after.Root_Resist(slot, i), resist, 0.0051 * resist);
+      EXPECT_NEAR(after.Root_Area(slot, i), before.Root_Area(j, i), 0.051);
+    }
+  }
+}
+
+TEST_F(Batch_Network, AFaultInTheMineFailsItsCheck) {
+  struct Case {
+    void (*spoil)(Database&);
+    const char* message;
+    const char* where;
+  };
+  const std::vector<Case> cases = {
+      {[](Database& db) { Set_Both(db, db.Root_Area, 1, 2, 1000.5F); },
+       "'Area' Column in Airway Folder The value should be from 0.001  to  1000 .\nChange value !\n"
+       "Please input airway  data on row No.1\n",
+       "Airway Folder, row 1"},
+      {[](Database& db) { db.Node_Elev[3] = 2001; },
+       "'Elevation' Column in Node Folder The value should be from -2000  to  2000 .", "row 3"},
+      {[](Database& db) { db.Inlet_Total = 0; }, "The number of connected airways at Node No.1 is",
+       ""}};
+  for (const Case& c : cases) {
+    Database db;
+    New_Database(db, "2024/05/06");
+    c.spoil(db);
+    const Outcome o = Batch({file_of(db), "--check", "--save", saved.string()});
+    EXPECT_EQ(o.exit, Exit::run_failed);
+    EXPECT_EQ(o.out, "Check of the data: failed\n");
+    EXPECT_TRUE(Has(o.err, c.message)) << o.err;
+    EXPECT_TRUE(Has(o.err, c.where)) << o.err;
+    EXPECT_FALSE(std::filesystem::exists(saved));  // the steps after it were not taken
+  }
+}
+
+TEST_F(Batch_Network, ACellSpoiltInTheFileFailsItsCheck) {
+  Database db;
+  New_Database(db, "2024/05/06");
+  Set_Both(db, db.Root_Wet, 2, 3, 98.7F);
+  std::string text = Ver6_Text(db, {});
+  int spoilt = 0;
+  for (std::size_t at = text.find("98.7"); at != std::string::npos; at = text.find("98.7", at)) {
+    text.replace(at, 4, "998.");
+    ++spoilt;
+  }
+  ASSERT_GT(spoilt, 0);
+  const auto file = folder.path() / "spoilt.abk";
+  Write_Whole(file, text);
+  const Outcome o = Batch({file.string(), "--check"});
+  EXPECT_EQ(o.exit, Exit::run_failed);
+  EXPECT_TRUE(
+      Has(o.err, "'Wet Area' Column in Airway Folder The value should be from 0  to  100 ."))
+      << o.err;
+  EXPECT_TRUE(Has(o.err, "Please input airway  data on row No.2")) << o.err;
+}
+
+TEST_F(Batch_Network, CalculatedValuesAreInTheSavedMine) {
+  const Outcome o = Batch({mine_a, "--flow", "--calculate", "standard", "--calculate", "height",
+                           "--calculate", "length", "--save", saved.string()});
+  ASSERT_EQ(o.exit, Exit::done);
+  EXPECT_TRUE(Has(o.out,
+                  "Calculate standard: done for all airways\n"
+                  "Calculate height: done for all airways\n"
+                  "Calculate length: done for all airways\n"));
+  const Database db = Read(saved);
+  EXPECT_EQ(db.Flag_Results, 0);  // of the mine before
+  int airways = 0;
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j, ++airways) {
+      const auto kind = static_cast<std::size_t>(db.Root_Kind(j, i));
+      const auto wind = static_cast<std::size_t>(db.Root_Wind(j, i));
+      EXPECT_FLOAT_EQ(db.Root_Fric(j, i), Root_FricTable.at(kind).at(wind));
+      const float high = Height_Of_Shape(db.Root_Area(j, i), db.Root_Shape(j, i));
+      EXPECT_NEAR(db.Root_Height(j, i), high, 0.051);
+      const double distance = Node_Distance(db, i, db.Node_Junc(j, i));
+      EXPECT_NEAR(db.Root_Length(j, i), distance + 1, 0.501);
+    }
+  }
+  EXPECT_EQ(airways, 2 * 46);
+}
+
+TEST_F(Batch_Network, LaterStepsWorkOnWhatWasCalculated) {
+  Database db;
+  New_Database(db, "2024/05/06");
+  const std::string mine = file_of(db);
+  const Outcome before = Batch({mine, "--flow"});
+  const Outcome after =
+      Batch({mine, "--calculate", "standard", "--calculate", "resistance", "--flow"});
+  ASSERT_EQ(after.exit, Exit::done);
+  const std::size_t at = after.out.find("Flow analysis");
+  ASSERT_NE(at, std::string::npos);
+  EXPECT_NE(after.out.substr(at), before.out);
+}
+
+TEST_F(Batch_Network, ACalculationThatFailsEndsTheSteps) {
+  Database db;
+  New_Database(db, "2024/05/06");
+  Set_Both(db, db.Root_Area, 2, 3, 0.0F);
+  const Outcome o = Batch({file_of(db), "--calculate", "perimeter", "--save", saved.string()});
+  EXPECT_EQ(o.exit, Exit::run_failed);
+  EXPECT_EQ(o.out, "Calculate perimeter: failed\n");
+  EXPECT_EQ(o.err,
+            "  (Airway Folder, row 2)\n"
+            "Please input Area(>0)  in Airway Folder has not inputed.\n");
+  EXPECT_FALSE(std::filesystem::exists(saved));
+}
+
+TEST_F(Batch_Network, WhatIsCalculatedIsCheckedToo) {
+  Database db;
+  New_Database(db, "2024/05/06");
+  Set_Both(db, db.Root_Length, 1, 2, 1.0F);  // 0.01 murgue is shown as none
+  const Outcome o = Batch({file_of(db), "--calculate", "resistance"});
+  EXPECT_EQ(o.exit, Exit::run_failed);
+  EXPECT_EQ(o.out, "Calculate resistance: failed\n");
+  EXPECT_TRUE(Has(o.err, "'Resistance' Column in Airway Folder\nPlease Input Positive Value."));
+}
+
+TEST_F(Batch_Network, WrongWords) {
+  for (const auto& words : {std::vector<std::string>{mine_a, "--calculate"},
+                            std::vector<std::string>{mine_a, "--calculate", "fric"},
+                            std::vector<std::string>{mine_a, "--checks"}}) {
+    const Outcome o = Batch(words);
+    EXPECT_EQ(o.exit, Exit::wrong_usage);
+    EXPECT_EQ(o.out, "");
+    EXPECT_TRUE(Has(o.err, "Try 'branok-batch --help'."));
+  }
+  EXPECT_TRUE(Has(Batch({mine_a, "--calculate", "fric"}).err, "not 'fric'"));
 }
 
 TEST_F(Batch_Program, TraceHasALineForEachPassAndSweep) {
