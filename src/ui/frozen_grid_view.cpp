@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <cstdlib>
 
 namespace branok {
 
@@ -27,32 +28,57 @@ class Frozen_Header : public QHeaderView {
     paintSection(&painter, QRect(0, 0, sectionSize(title_column), height()), title_column);
   }
 
-  // Over the frozen heading the mouse is led to where that heading would be without it.
   bool viewportEvent(QEvent* event) override {
     switch (event->type()) {
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:
       case QEvent::MouseButtonRelease:
-      case QEvent::MouseMove:
-        break;
+      case QEvent::MouseMove: {
+        auto& mouse = *static_cast<QMouseEvent*>(event);
+        return widen(mouse) || lead(mouse);
+      }
       default:
         return QHeaderView::viewportEvent(event);
     }
-    const auto* const mouse = static_cast<QMouseEvent*>(event);
-    const bool dragging = mouse->buttons() != Qt::NoButton && mouse->type() == QEvent::MouseMove;
-    const double beyond = mouse->position().x() - sectionSize(title_column);
-    const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
-    if (!dragging && mouse->type() != QEvent::MouseButtonRelease) sizing_ = abs(beyond) <= grip;
-    if (!covers() || (beyond >= 0 && !sizing_)) return QHeaderView::viewportEvent(event);
-    QMouseEvent led(mouse->type(), mouse->position() - QPointF(offset(), 0),
-                    mouse->globalPosition(), mouse->button(), mouse->buttons(), mouse->modifiers());
-    return QHeaderView::viewportEvent(&led);
   }
 
  private:
   [[nodiscard]] bool covers() const { return offset() > 0 && !isSectionHidden(title_column); }
 
-  bool sizing_ = false;  // the frozen heading's edge is held
+  // The frozen heading's right edge widens it, as with any other. False when the mouse is not at
+  // it.
+  bool widen(const QMouseEvent& mouse) {
+    const int to_edge = sectionSize(title_column) - mouse.position().toPoint().x();
+    const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+    const bool at_edge = covers() && std::abs(to_edge) <= grip;
+    if (mouse.buttons() == Qt::NoButton) {
+      const bool was_held = held_.has_value();
+      held_.reset();
+      if (at_edge) {
+        viewport()->setCursor(Qt::SplitHCursor);
+      } else {
+        viewport()->unsetCursor();
+      }
+      return was_held || (at_edge && mouse.type() == QEvent::MouseMove);
+    }
+    if (mouse.type() != QEvent::MouseMove && at_edge) held_ = to_edge;
+    if (!held_) return false;
+    const int width = mouse.position().toPoint().x() + *held_;
+    resizeSection(title_column, std::max(width, minimumSectionSize()));
+    return true;
+  }
+
+  // Over the frozen heading the mouse is led to where that heading would be without it.
+  bool lead(QMouseEvent& mouse) {
+    if (!covers() || mouse.position().x() >= sectionSize(title_column)) {
+      return QHeaderView::viewportEvent(&mouse);
+    }
+    QMouseEvent led(mouse.type(), mouse.position() - QPointF(offset(), 0), mouse.globalPosition(),
+                    mouse.button(), mouse.buttons(), mouse.modifiers());
+    return QHeaderView::viewportEvent(&led);
+  }
+
+  std::optional<int> held_;  // the edge, that far right of the mouse
 };
 
 }  // namespace

@@ -377,6 +377,34 @@ TEST_F(Edit_Grid_Test, A_Block_Drawn_From_Under_The_Names_Keeps_Its_Columns) {
   EXPECT_EQ(copy.grdRoot.ColSel, root_column::resist);
 }
 
+TEST_F(Edit_Grid_Test, A_Block_Is_Drawn_Across_The_Edge_Of_The_Names) {
+  show(Folder::airway);
+  view->horizontalScrollBar()->setValue(150);
+  const int col = view->columnAt(view->frozen_width() + 100);
+  QTest::mousePress(view->viewport(), Qt::LeftButton, {}, middle(2, col));
+  QTest::mouseMove(view->viewport(), middle(3, col));
+  QTest::mouseMove(view->viewport(), middle(4, root_column::name));
+  QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, middle(4, root_column::name));
+  EXPECT_EQ(copy.grdRoot.Row, 2);
+  EXPECT_EQ(copy.grdRoot.RowSel, 4);
+  EXPECT_EQ(copy.grdRoot.Col, root_column::name);
+  EXPECT_EQ(copy.grdRoot.ColSel, col);
+  EXPECT_EQ(current(), Place(4, root_column::name));
+}
+
+TEST_F(Edit_Grid_Test, The_Names_Are_Widened_Where_They_Are_Seen) {
+  show(Folder::airway);
+  view->horizontalScrollBar()->setValue(150);
+  QWidget* const headings = view->horizontalHeader()->viewport();
+  const int before = view->frozen_width();
+  const QPoint edge(before - 1, 10);
+  QTest::mousePress(headings, Qt::LeftButton, {}, edge);
+  QTest::mouseMove(headings, edge + QPoint(20, 0));
+  QTest::mouseMove(headings, edge + QPoint(40, 0));
+  QTest::mouseRelease(headings, Qt::LeftButton, {}, edge + QPoint(40, 0));
+  EXPECT_EQ(view->frozen_width(), before + 40);
+}
+
 TEST_F(Edit_Grid_Test, The_Editor_Follows_Its_Cell) {
   show(Folder::airway);
   view->show_cell(2, root_column::length);
