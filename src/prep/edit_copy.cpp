@@ -79,10 +79,11 @@ class Row_Writer {
     grid_.set_text(row_, col_++, std::string(text));
     return *this;
   }
+  // A number of a file that has no letter is shown as it is: the check will ask for another.
   template <std::size_t n>
   Row_Writer& letter(const std::array<std::string_view, n>& letters, int index) {
-    if (index < 0 || index >= static_cast<int>(n)) Outside_Table(index, static_cast<int>(n) - 1, 0);
-    return text(letters[static_cast<std::size_t>(index)]);
+    const bool known = index >= 0 && index < static_cast<int>(n);
+    return text(known ? letters[static_cast<std::size_t>(index)] : std::to_string(index));
   }
 
  private:

@@ -125,9 +125,7 @@ struct Edit_Place {
 
 // --- From the tables to the texts
 
-/// Fills all grids; what is current and selected in them stays. Raises Run_Time_Error, and the
-/// grids stay as they were, when a table holds a number that no grid can show (a winding that has
-/// no letter).
+/// Fills all grids; what is current and selected in them stays.
 void Fill_Database_Window(const Database& db, Edit_Copy& copy);
 
 /// The single folders. The airway grid ends in one empty row, where the next airway is typed.

@@ -253,14 +253,13 @@ TEST(Fill_Database_Window, The_Largest_Mine_Fills_The_Airway_Grid) {
   EXPECT_EQ(mine.copy.grdAFan.text(20, assist_column::flow), "600.0");
 }
 
-TEST(Fill_Database_Window, A_Number_That_No_Grid_Can_Show_Leaves_The_Grids_As_They_Were) {
+TEST(Fill_Database_Window, A_Number_Without_A_Letter_Is_Shown_As_It_Is) {
   Edit_Mine mine = Edit_Mine::Sample();
-  const Edit_Copy before = mine.copy;
-  mine.db.Node_Elev[1] = 77;
-  mine.db.Root_Wind(1, 3) = 3;  // no such letter: the upper airway of node 3 stands in slot 2
-  mine.db.Root_Wind(2, 3) = 3;
-  EXPECT_THROW(Fill_Database_Window(mine.db, mine.copy), Run_Time_Error);
-  for (const Folder folder : all_folders) EXPECT_EQ(mine.copy.grid(folder), before.grid(folder));
+  mine.db.Root_Wind(2, 3) = 3;  // the upper airway of node 3 stands in slot 2
+  mine.db.Root_Shape(2, 3) = -1;
+  Fill_Database_Window(mine.db, mine.copy);
+  EXPECT_EQ(mine.copy.grdRoot.text(3, root_column::wind), "3");
+  EXPECT_EQ(mine.copy.grdRoot.text(3, root_column::shape), "-1");
 }
 
 TEST(Fill_Database_Window, A_Folder_Filled_Anew_Keeps_The_Current_Cell) {
