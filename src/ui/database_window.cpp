@@ -51,7 +51,7 @@ MDIData::MDIData(Database& db, Edit_Copy& copy, Edit_History& history, QWidget* 
   tabData->addTab(make_folder_page(Folder::assistfan, "grdAFan"), "Assist &Fans");
   tabData->addTab(make_folder_page(Folder::thermal, "grdThermo"), "&Thermal Cond.");
   for (const Folder folder : all_folders) {
-    if (page(folder).grid == nullptr) continue;
+    if (folder == Folder::mainfan) continue;  // its grid is but a part of it
     page(folder).grid->setAccessibleName(tabData->tabText(Page_Of(folder)).remove('&'));
   }
   auto* const rows = new QVBoxLayout(this);
@@ -152,13 +152,14 @@ QWidget* MDIData::make_folder_page(Folder folder, const char* grid_name) {
   return widget;
 }
 
-Fan_Page_View* MDIData::make_fan_page() {
-  fans_ = new Fan_Page_View(db_, copy_);
-  connect(fans_, &Fan_Page_View::edited, this, &MDIData::note_act);
-  connect(fans_, &Fan_Page_View::typed, this, &MDIData::typed);
-  connect(fans_, &Fan_Page_View::command, this, &MDIData::command);
-  connect(fans_->grid(), &Edit_Grid::editor_focus, this, &MDIData::tell_target);
-  return fans_;
+QWidget* MDIData::make_fan_page() {
+  fan_page_ = new Fan_Page_View(db_, copy_);
+  pages_.at(static_cast<std::size_t>(Folder::mainfan)).grid = fan_page_->grid();
+  connect(fan_page_, &Fan_Page_View::typed, this, &MDIData::typed);
+  connect(fan_page_, &Fan_Page_View::edited, this, &MDIData::note_act);
+  connect(fan_page_, &Fan_Page_View::command, this, &MDIData::command);
+  connect(fan_page_->grid(), &Edit_Grid::editor_focus, this, &MDIData::tell_target);
+  return fan_page_;
 }
 
 void MDIData::make_pictures(Folder folder, Folder_Page& page) {
@@ -202,20 +203,21 @@ void MDIData::showEvent(QShowEvent* event) {
 }
 
 QWidget* MDIData::first_field() const {
-  if (Edit_Grid* const grid = grid_view()) return grid;
-  return txtMine;
+  Edit_Grid* const grid = grid_view();
+  if (grid == nullptr) return txtMine;
+  // Without a fan there is nothing to type: the buttons that add one come next.
+  return grid->isEnabled() ? static_cast<QWidget*>(grid) : fan_page_;
 }
 
 // --- What is shown
 
 void MDIData::load() {
   for (const Folder_Page& page : pages_) {
-    if (page.grid == nullptr) continue;
     page.grid->discard_editor();
     page.grid->scrollToTop();
     page.grid->horizontalScrollBar()->setValue(0);
   }
-  fans_->load();
+  fan_page_->load();
   apply_options();
   refresh();
   tabData->setCurrentIndex(network_page);
@@ -224,10 +226,10 @@ void MDIData::load() {
 
 void MDIData::refresh() {
   show_mine();
-  for (const Folder_Page& page : pages_) {
-    if (page.grid != nullptr) page.grid->refresh();
+  fan_page_->refresh();
+  for (const Folder folder : all_folders) {
+    if (folder != Folder::mainfan) page(folder).grid->refresh();
   }
-  fans_->refresh();
 }
 
 // A name filled up with blanks would be typed on behind them; a text on which somebody is at work
@@ -257,10 +259,7 @@ void MDIData::show_pictures(Folder folder) {
 }
 
 void MDIData::apply_font(const QFont& font) {
-  for (const Folder_Page& page : pages_) {
-    if (page.grid != nullptr) page.grid->setFont(font);
-  }
-  fans_->apply_font(font);
+  for (const Folder_Page& page : pages_) page.grid->setFont(font);
   for (QLabel* const label : tabData->findChildren<QLabel*>()) label->setFont(font);
 }
 
@@ -295,10 +294,7 @@ QLineEdit* MDIData::focused_text() const {
   return qobject_cast<QLineEdit*>(field);
 }
 
-Edit_Grid* MDIData::grid_view() const {
-  if (!folder()) return nullptr;
-  return folder() == Folder::mainfan ? fans_->grid() : page(*folder()).grid;
-}
+Edit_Grid* MDIData::grid_view() const { return folder() ? page(*folder()).grid : nullptr; }
 
 const MDIData::Folder_Page& MDIData::page(Folder folder) const {
   return pages_.at(static_cast<std::size_t>(folder));
@@ -306,10 +302,10 @@ const MDIData::Folder_Page& MDIData::page(Folder folder) const {
 
 void MDIData::finish_typing() {
   for (const Folder_Page& page : pages_) {
-    if (page.grid != nullptr) page.grid->commit_editor();
+    page.grid->commit_editor();
     if (page.pictures != nullptr) page.pictures->finish();
   }
-  fans_->finish_typing();
+  fan_page_->finish_typing();
   cboView5->finish();
 }
 
@@ -328,13 +324,12 @@ void MDIData::copy_selection() {
 void MDIData::show_place(const Edit_Place& place) {
   finish_typing();
   tabData->setCurrentIndex(Page_Of(place.folder));
-  if (place.folder == Folder::mainfan) return fans_->show_place(place);
-  Edit_Grid* const grid = grid_view();
-  if (grid == nullptr) return;
-  if (place.row > 0) {
-    grid->show_cell(place.row, place.col);
+  if (place.folder == Folder::mainfan) {
+    fan_page_->show_place(place);
+  } else if (place.row > 0) {
+    grid_view()->show_cell(place.row, place.col);
   } else {
-    grid->setFocus();
+    grid_view()->setFocus();
   }
 }
 

@@ -83,7 +83,7 @@ class MDIData : public QWidget {
   QWidget* make_network_page();
   QLineEdit* make_text(const char* name, std::string Database::*field);
   QWidget* make_folder_page(Folder folder, const char* grid_name);
-  Fan_Page_View* make_fan_page();
+  QWidget* make_fan_page();
   void make_pictures(Folder folder, Folder_Page& page);
   void make_page_keys();
   void page_turned();
@@ -101,9 +101,9 @@ class MDIData : public QWidget {
   QLabel* lblDataVer = nullptr;
   QLineEdit *txtMine = nullptr, *txtTime = nullptr;
   Picture_Box* cboView5 = nullptr;
-  Fan_Page_View* fans_ = nullptr;
-  std::array<Folder_Page, folder_count> pages_;  // the main fans' grid stands in their own view
-  std::string target_;                           // as it was told last
+  Fan_Page_View* fan_page_ = nullptr;
+  std::array<Folder_Page, folder_count> pages_;
+  std::string target_;  // as it was told last
   bool shown_before_ = false;
 };
 

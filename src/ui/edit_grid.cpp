@@ -233,10 +233,17 @@ void Edit_Grid::place_editor() {
 bool Edit_Grid::Editor_Key(int key) {
   switch (key) {
     case Qt::Key_Return:
-    case Qt::Key_Enter:
+    case Qt::Key_Enter: {
+      // In the last row the cell stays current, though a typed airway leaves an empty row behind it.
+      const bool last = cell_.y() == model()->rowCount() - 1;
       commit_editor();
-      db_.Opt_MoveSel == 0 ? move(1, 0) : move(0, 1);
+      if (db_.Opt_MoveSel != 0) {
+        move(0, 1);
+      } else if (!last) {
+        move(1, 0);
+      }
       return true;
+    }
     case Qt::Key_Escape:
       discard_editor();
       return true;

@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
@@ -139,7 +140,6 @@ TEST_F(Database_Window, Name_And_Date_Of_The_Mine_Are_Stored_As_They_Are_Typed) 
 
 TEST_F(Database_Window, Tells_What_The_Edit_Commands_Work_On) {
   for (const Folder folder : all_folders) {
-    if (folder == Folder::mainfan) continue;
     Edit_Grid* const grid = turn_to(folder);
     EXPECT_EQ(window->edit_tag(), Page_Tag(folder));
     EXPECT_EQ(window->focused_text(), nullptr);
@@ -226,6 +226,50 @@ TEST_F(Database_Window, Copies_Cells_Or_Text) {
   window->focused_text()->setSelection(1, 2);
   window->copy_selection();
   EXPECT_EQ(Clipboard_Text(), "bc");
+}
+
+// --- The main fans
+
+TEST_F(Database_Window, Fields_And_Grid_Of_The_Fans_Are_Targets) {
+  const Edit_Grid* const grid = turn_to(Folder::mainfan);
+  ASSERT_EQ(grid, find<Edit_Grid>("grdMFan"));
+  EXPECT_TRUE(grid->hasFocus());
+  EXPECT_EQ(window->edit_tag(), "mainfan");
+  auto* const limit = find<QLineEdit>("txtData5");
+  limit->setFocus();
+  EXPECT_EQ(window->edit_tag(), "datatext4");
+  EXPECT_EQ(window->focused_text(), limit);
+  QSignalSpy edited(window.get(), &MDIData::edited);
+  QSignalSpy typed(window.get(), &MDIData::typed);
+  limit->selectAll();
+  type("8000");
+  EXPECT_EQ(edited.count(), 0);
+  EXPECT_EQ(typed.count(), 4);
+  turn_to(Folder::airway);
+  EXPECT_EQ(edited.count(), 1);
+  EXPECT_TRUE(history.can_undo());
+  EXPECT_EQ(copy.fan(1).text[Fan_Page::limit_flow], "8000");
+}
+
+TEST_F(Database_Window, Goes_To_A_Field_Of_A_Fan) {
+  Add_Fan_Page(db, copy);
+  window->refresh();
+  window->show_place({.folder = Folder::mainfan, .fan = 1, .field = Fan_Page::drive_rpm});
+  EXPECT_EQ(copy.fan_in_front, 1);
+  EXPECT_TRUE(find<QLineEdit>("txtData4")->hasFocus());
+  window->show_place({.folder = Folder::mainfan, .row = 3, .col = fan_column::head, .fan = 1});
+  EXPECT_TRUE(find<Edit_Grid>("grdMFan")->hasFocus());
+  EXPECT_EQ(copy.fan(1).grdMFan.Row, 3);
+}
+
+TEST_F(Database_Window, Buttons_Of_The_Fans_Ask_The_Main_Window) {
+  turn_to(Folder::mainfan);
+  QSignalSpy command(window.get(), &MDIData::command);
+  find<QPushButton>("cmdPlus")->click();
+  find<QPushButton>("Com_Graph")->click();
+  ASSERT_EQ(command.count(), 2);
+  EXPECT_EQ(command[0][0].toString(), "cmdPlus");
+  EXPECT_EQ(command[1][0].toString(), "mnuDataComGraph");
 }
 
 // --- Pictures

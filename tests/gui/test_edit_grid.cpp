@@ -329,6 +329,8 @@ TEST_F(Edit_Grid_Test, An_Airways_Name_Is_Typed) {
   EXPECT_EQ(text(last, root_column::name), "7 - 3");
   // The next airway has its row at once.
   EXPECT_EQ(view->model()->rowCount(), last + 1);
+  EXPECT_EQ(current(), Place(last, root_column::name));
+  key(Qt::Key_Down);
   EXPECT_EQ(current(), Place(last + 1, root_column::name));
   EXPECT_EQ(view->model()->headerData(6, Qt::Vertical).toString(), "7");  // as messages name a row
 }
