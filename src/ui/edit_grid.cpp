@@ -407,7 +407,7 @@ void Edit_Grid::selectionChanged(const QItemSelection& now, const QItemSelection
 // Names and comments have room before the first is typed.
 int Edit_Grid::least_characters(int col) const {
   const bool text = col == rows().columnCount() - 1 || col == Picture_Column(folder_);
-  return text && folder_ != Folder::mainfan ? 16 : 0;
+  return text && col > 0 && folder_ != Folder::mainfan ? 16 : 0;
 }
 
 QVariant Edit_Grid::look(int row, int col, int role) const {
