@@ -1,8 +1,10 @@
 #include "prep/edit_commands.h"
 
 #include <algorithm>
+#include <map>
 
 #include "core/vocabulary.h"
+#include "prep/airway_name.h"
 
 namespace branok {
 
@@ -46,6 +48,47 @@ void Take_Picture_Column(Edit_Copy& copy, Folder folder) {
     (*pictures)[static_cast<std::size_t>(row)][0] = grid.text(row, Picture_Column(folder));
   }
 }
+
+// The second and third picture names of the airways, which stand in no cell, by the airway's name:
+// a table that comes back from a spreadsheet in another order keeps each airway's pictures.
+class Hidden_Pictures {
+ public:
+  explicit Hidden_Pictures(const Edit_Copy& copy) : names_(Names(copy)) {
+    for (std::size_t row = 1; row < names_.size(); ++row) {
+      by_name_.emplace(names_[row], copy.Grid_RootPict[row]);
+    }
+  }
+  /// Gives rows whose name has changed the pictures of that name, or none.
+  void restore(Edit_Copy& copy) const {
+    const std::vector<std::string> now = Names(copy);
+    for (std::size_t row = 1; row < now.size(); ++row) {
+      if (row < names_.size() && names_[row] == now[row]) continue;
+      const auto known = by_name_.find(now[row]);
+      const bool any = known != by_name_.end() && !now[row].empty();
+      for (const std::size_t p : {1, 2}) {
+        copy.Grid_RootPict[row][p] = any ? known->second[p] : std::string();
+      }
+    }
+  }
+
+ private:
+  // Names by row, in the grid's own form where they name two nodes.
+  static std::vector<std::string> Names(const Edit_Copy& copy) {
+    std::vector<std::string> names;
+    for (int row = 0; row < copy.grdRoot.Rows(); ++row) {
+      const std::string& text = copy.grdRoot.text(row, root_column::name);
+      const std::optional<Airway_Nodes> nodes = Get_Row_Nodes(text);
+      const bool pair = nodes && nodes->left > 0 && nodes->right > 0;
+      names.push_back(pair ? Airway_Title(std::min(nodes->left, nodes->right),
+                                          std::max(nodes->left, nodes->right))
+                           : text);
+    }
+    return names;
+  }
+
+  std::vector<std::string> names_;
+  std::map<std::string, Picture_Row> by_name_;
+};
 
 // Picture names move with their rows.
 void Insert_Empty_Rows(Edit_Copy& copy, int row, int count) {
@@ -102,7 +145,9 @@ std::string From_Clipboard(std::string_view text) {
 
 Paste_Result Paste_Grid(Text_Grid& grid, std::string_view text) {
   Paste_Result extent = Extent(text);
-  if (extent.rows == 0 || grid.Row < Text_Grid::FixedRows) return extent;
+  if (extent.rows == 0) return extent;
+  // Where no cell is current yet the first one is meant.
+  if (grid.Row < Text_Grid::FixedRows) grid.Row = grid.Col = 1;
   const int last = grid.Rows() - 1;
   const int room = last - grid.Row + 1;
   if (extent.rows > room) {
@@ -116,9 +161,17 @@ Paste_Result Paste_Grid(Text_Grid& grid, std::string_view text) {
 
 Paste_Result Paste_Folder(Database& db, Edit_Copy& copy, Folder folder, std::string_view text) {
   Edit_Flag(db, folder) = 1;
-  const Paste_Result done = Paste_Grid(copy.grid(folder), text);
+  const Hidden_Pictures before(copy);
+  Text_Grid& grid = copy.grid(folder);
+  if (grid.Row < Text_Grid::FixedRows && folder == Folder::airway) {
+    grid.select(1, root_column::name, 1, root_column::name);
+  }
+  const Paste_Result done = Paste_Grid(grid, text);
   Take_Picture_Column(copy, folder);
-  if (folder == Folder::airway) Leave_Empty_Row(copy);
+  if (folder == Folder::airway) {
+    before.restore(copy);
+    Leave_Empty_Row(copy);
+  }
   return done;
 }
 
@@ -148,18 +201,27 @@ bool Empty_Cells(Database& db, Edit_Copy& copy, Folder folder) {
   if (grid.Row < Text_Grid::FixedRows) return false;
   const auto [top, bottom] = std::minmax(grid.Row, grid.RowSel);
   const auto [left, right] = std::minmax(grid.Col, grid.ColSel);
+  bool any = false;
   for (int row = top; row <= bottom; ++row) {
-    for (int col = left; col <= right; ++col) Set_Cell(copy, folder, row, col, {});
+    for (int col = left; col <= right; ++col) {
+      if (grid.text(row, col).empty()) continue;
+      Set_Cell(copy, folder, row, col, {});
+      any = true;
+    }
+    // What is typed here next has other pictures.
+    if (Picture_Rows* const names = copy.pictures(folder); names != nullptr && grid.is_blank(row)) {
+      names->at(static_cast<std::size_t>(row)) = {};
+    }
   }
-  Note_Edit(db, folder);
-  return true;
+  if (any) Note_Edit(db, folder);
+  return any;
 }
 
 int Insert_Rows(Database& db, Edit_Copy& copy, int count) {
   const int added = std::min(count, max_grid_rows - (copy.grdRoot.Rows() - 1));
   if (added <= 0) return 0;
   Insert_Empty_Rows(copy, Current_Row(copy.grdRoot), added);
-  Note_Edit(db, Folder::airway);
+  db.Edit_Root = 1;  // the mine itself is what it was
   return added;
 }
 
@@ -168,11 +230,14 @@ int Delete_Rows(Database& db, Edit_Copy& copy, int count) {
   const int row = Current_Row(grid);
   const int taken = std::min(count, grid.Rows() - row);
   if (taken <= 0) return 0;
+  db.Edit_Root = 1;
+  for (int gone = row; gone < row + taken; ++gone) {
+    if (!grid.is_blank(gone)) Note_Edit(db, Folder::airway);
+  }
   grid.remove_rows(row, taken);
   const auto first = copy.Grid_RootPict.begin() + row;
   copy.Grid_RootPict.erase(first, first + taken);
   Leave_Empty_Row(copy);
-  Note_Edit(db, Folder::airway);
   return taken;
 }
 

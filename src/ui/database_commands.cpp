@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <algorithm>
 
 #include "core/messages.h"
 #include "prep/calculators.h"
@@ -27,6 +28,16 @@ QString Page_Name(Folder folder) {
   constexpr std::array names = {"Airways",   "Nodes",       "Intake",
                                 "Main Fans", "Assist Fans", "Thermal Cond."};
   return names.at(static_cast<std::size_t>(folder));
+}
+
+// A typed whole number; one too large for any table stays large. Nothing when it is no number.
+std::optional<int> Typed_Count(std::string_view text) {
+  constexpr double large = 1e6;
+  try {
+    return static_cast<int>(Round(std::clamp(Parse_Double(text), -large, large)));
+  } catch (const Run_Time_Error&) {
+    return std::nullopt;
+  }
 }
 
 // The first fan whose table gives a curve; the first of all when none does.
@@ -57,6 +68,7 @@ MDIData& BRANOK60::database_window() {
     }
   });
   connect(data_, &MDIData::edited, this, &BRANOK60::data_edited);
+  connect(data_, &MDIData::typed, this, &BRANOK60::show_command_state);
   connect(data_, &MDIData::target_changed, this, &BRANOK60::show_command_state);
   QMdiSubWindow* const frame = area_->addSubWindow(data_);
   frame->setAttribute(Qt::WA_DeleteOnClose);
@@ -73,6 +85,7 @@ void BRANOK60::fill_grids() {
   edit_ = Edit_Copy();
   history_.start(edit_);
   if (data_ != nullptr) data_->load();
+  take_saved_head();
   Fill_Database_Window(project_.db, edit_);
   history_.start(edit_);
   if (data_ != nullptr) data_->load();
@@ -84,18 +97,25 @@ void BRANOK60::edit(const std::function<void()>& act) {
   MDIData& window = database_window();
   window.finish_typing();
   window.take_selection();
-  const auto show = [&] {
-    history_.note(edit_);
-    window.refresh();
-    data_edited();
-  };
   try {
     act();
   } catch (...) {
-    show();
+    edit_done();
     throw;
   }
-  show();
+  edit_done();
+}
+
+void BRANOK60::edit_done() {
+  history_.note(edit_);
+  if (data_ != nullptr) data_->refresh();
+  data_edited();
+}
+
+// An act on the rows of airways that are selected, or on all: they are brought to the front.
+void BRANOK60::edit_airways(const std::function<void()>& act) {
+  database_window().show_place({.folder = Folder::airway});
+  edit(act);
 }
 
 // Texts of the grids have changed, and results may have ended with that.
@@ -115,24 +135,33 @@ void BRANOK60::show_unchecked() {
 }
 
 bool BRANOK60::has_unsaved_edits() const {
-  return project_.db.Check_Count >= 1 || !Unchecked_Folders(project_.db, edit_).empty();
+  const bool head_changed =
+      Trim(project_.db.Mine_Name) != saved_name_ || Trim(project_.db.Mine_Date) != saved_date_;
+  return head_changed || project_.db.Check_Count >= 1 ||
+         !Unchecked_Folders(project_.db, edit_).empty();
+}
+
+// The name and date that a file, or a new mine, has.
+void BRANOK60::take_saved_head() {
+  saved_name_ = Trim(project_.db.Mine_Name);
+  saved_date_ = Trim(project_.db.Mine_Date);
 }
 
 // --- The Database menu
 
 void BRANOK60::Data_Check(int) {
   if (data_ != nullptr) data_->finish_typing();
-  const Check_Result result = Check_Data(project_.db, edit_, dialogue_);
-  if (result.passed) {
-    Fill_Database_Window(project_.db, edit_);
-    history_.start(edit_);
-  } else {
-    history_.note(edit_);
+  Check_Result result;
+  try {
+    result = Check_Data(project_.db, edit_, dialogue_);
+  } catch (...) {
+    edit_done();
+    throw;
   }
-  if (data_ != nullptr) data_->refresh();
+  if (result.passed) history_.start(edit_);
+  edit_done();
   if (analysis_ != nullptr) Analysis_Display(0);
   if (result.place) show_place(*result.place);
-  data_edited();
 }
 
 void BRANOK60::show_place(const Edit_Place& place) {
@@ -144,10 +173,8 @@ void BRANOK60::show_place(const Edit_Place& place) {
 void BRANOK60::Data_Find(int) {
   const std::optional<std::string> text = dialogue_.ask("Please input nodal number.", "Find node");
   if (!text) return;
-  int number = 0;
-  try {
-    number = Parse_Int32(*text);
-  } catch (const Run_Time_Error&) {
+  const std::optional<int> number = Typed_Count(*text);
+  if (!number) {
     dialogue_.show(messages::Not_Numeric());
     return;
   }
@@ -155,7 +182,7 @@ void BRANOK60::Data_Find(int) {
   window.finish_typing();
   // Only airways and nodes have the numbers in their rows; from other pages the node is shown.
   const Folder folder = window.folder() == Folder::airway ? Folder::airway : Folder::node;
-  const int row = Find_Row(project_.db, edit_, folder, number);
+  const int row = Find_Row(project_.db, edit_, folder, *number);
   window.show_place({.folder = folder, .row = row, .col = 1});
 }
 
@@ -171,34 +198,37 @@ void BRANOK60::Fan_Diagram(int) {
     return;
   }
   const int first = std::max(front, 1);
-  {
-    const Busy busy(dialogue_);
-    Database trial = db;
-    const Check_Result result = Check_Fan_For_Diagram(trial, edit_, first, dialogue_);
-    if (data_ != nullptr) data_->refresh();
-    if (!result.passed) {
-      if (result.place) show_place(*result.place);
-      return;
-    }
+  const Check_Result result = check_fan_page(first).result;
+  if (!result.passed) {
+    if (result.place) show_place(*result.place);
+    return;
   }
   Draw_Fan_Diagram(this, edit_.MFan_GridTotal, first, [this](int fan) {
-    Database trial = project_.db;
-    if (!Check_Fan_For_Diagram(trial, edit_, fan, dialogue_).passed) {
-      throw Run_Time_Error("the page has a fault");
-    }
-    return Make_Diagram(trial, Diagram_Kind::fan, fan);
+    const Fan_Trial trial = check_fan_page(fan);
+    if (!trial.result.passed) throw Run_Time_Error("the page has a fault");
+    return Make_Diagram(trial.db, Diagram_Kind::fan, fan);
   });
+}
+
+// The mine with a main fan as its page has it. The test may have taken a speed back.
+BRANOK60::Fan_Trial BRANOK60::check_fan_page(int fan) {
+  const Busy busy(dialogue_);
+  Fan_Trial trial{.db = project_.db, .result = {}};
+  trial.result = Check_Fan_For_Diagram(trial.db, edit_, fan, dialogue_);
+  edit_done();
+  return trial;
 }
 
 void BRANOK60::Data_Calc(int index) {
   std::optional<Edit_Place> stopped;
-  edit([&] { stopped = Calculate(project_.db, edit_, static_cast<Calculator>(index), dialogue_); });
+  edit_airways(
+      [&] { stopped = Calculate(project_.db, edit_, static_cast<Calculator>(index), dialogue_); });
   if (stopped) show_place(*stopped);
 }
 
 void BRANOK60::set_in_rows(bool (*set)(Database&, Edit_Copy&, int), int value) {
   bool any = false;
-  edit([&] { any = set(project_.db, edit_, value); });
+  edit_airways([&] { any = set(project_.db, edit_, value); });
   if (!any) dialogue_.remark("Select the rows of airways first");
 }
 
@@ -232,12 +262,14 @@ void BRANOK60::delete_fan() {
 // --- The Edit menu. A text field that has the focus is what its commands are for.
 
 void BRANOK60::Edit_Undo(int) {
-  if (QLineEdit* const field = focused_text()) return field->undo();
+  QLineEdit* const field = focused_text();
+  if (field != nullptr && field->isUndoAvailable()) return field->undo();
   move_in_history(&Edit_History::undo);
 }
 
 void BRANOK60::Edit_Redo(int) {
-  if (QLineEdit* const field = focused_text()) return field->redo();
+  QLineEdit* const field = focused_text();
+  if (field != nullptr && field->isRedoAvailable()) return field->redo();
   move_in_history(&Edit_History::redo);
 }
 
@@ -286,8 +318,12 @@ void BRANOK60::Edit_Paste(int) {
 }
 
 void BRANOK60::Edit_Paste_Insert(int) {
+  const std::string text = From_Clipboard(Clipboard_Text());
   Paste_Result done;
-  edit([&] { done = Paste_Insert(project_.db, edit_, From_Clipboard(Clipboard_Text())); });
+  edit([&] {
+    data_->grid_view()->take_paste_place(text);
+    done = Paste_Insert(project_.db, edit_, text);
+  });
   tell_paste(done);
 }
 
@@ -316,24 +352,27 @@ void BRANOK60::Edit_Dels(int) {
 std::optional<int> BRANOK60::ask_rows(const std::string& verb, const std::string& title) {
   const auto text = dialogue_.ask("Please input any rows to " + verb + ".", title);
   if (!text) return std::nullopt;
-  try {
-    return Parse_Int32(*text);
-  } catch (const Run_Time_Error&) {
-    dialogue_.show(messages::Not_Numeric());
-    return std::nullopt;
-  }
+  const std::optional<int> count = Typed_Count(*text);
+  if (!count) dialogue_.show(messages::Not_Numeric());
+  return count;
 }
 
 void BRANOK60::insert_rows(int count) {
   if (count <= 0) return;
   int added = 0;
-  edit([&] { added = Insert_Rows(project_.db, edit_, count); });
+  edit([&] {
+    data_->grid_view()->take_current_row();
+    added = Insert_Rows(project_.db, edit_, count);
+  });
   if (added < count) dialogue_.remark("The grid is full: 2750 rows");
 }
 
 void BRANOK60::delete_rows(int count) {
   if (count <= 0) return;
-  edit([&] { Delete_Rows(project_.db, edit_, count); });
+  edit([&] {
+    data_->grid_view()->take_current_row();
+    Delete_Rows(project_.db, edit_, count);
+  });
 }
 
 }  // namespace branok

@@ -11,6 +11,7 @@
 
 #include "core/numbers.h"
 #include "ui/fan_page_view.h"
+#include "ui/one_line.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -119,6 +120,7 @@ QWidget* MDIData::make_network_page() {
 QLineEdit* MDIData::make_text(const char* name, std::string Database::*field) {
   auto* const text = new QLineEdit;
   text->setObjectName(name);
+  Keep_To_One_Line(text);
   connect(text, &QLineEdit::textEdited, this, [this, field](const QString& typed) {
     db_.*field = typed.toStdString();
     emit edited();
@@ -251,7 +253,12 @@ void MDIData::show_pictures(Folder folder) {
   const auto row = static_cast<std::size_t>(page.grid->currentIndex().row() + Text_Grid::FixedRows);
   const Picture_Rows& names = *copy_.pictures(folder);
   page.pictures->finish();  // of the row before
-  if (row < Text_Grid::FixedRows || row >= names.size()) {
+  // The empty row behind the airways is none yet: nothing can have a picture there.
+  const bool any = row >= Text_Grid::FixedRows && row < names.size() &&
+                   !copy_.grid(folder).is_blank(static_cast<int>(row));
+  if (row != picture_row_) page.pictures->setCurrentIndex(0);
+  picture_row_ = row;
+  if (!any) {
     page.pictures->show_none();
   } else {
     page.pictures->show_names(names[row]);

@@ -103,7 +103,8 @@ class MDIData : public QWidget {
   Picture_Box* cboView5 = nullptr;
   Fan_Page_View* fan_page_ = nullptr;
   std::array<Folder_Page, folder_count> pages_;
-  std::string target_;  // as it was told last
+  std::string target_;           // as it was told last
+  std::size_t picture_row_ = 0;  // whose picture names are listed
   bool shown_before_ = false;
 };
 

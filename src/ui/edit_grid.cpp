@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "prep/cell_rules.h"
 #include "prep/edit_commands.h"
+#include "ui/one_line.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -83,12 +84,13 @@ void Edit_Grid::make_editor() {
   editor_ = new QLineEdit(viewport());
   editor_->setObjectName("txtEdit" + QString::number(static_cast<int>(folder_)));
   editor_->setAccessibleName("Cell");
-  editor_->setStyleSheet(
-      "QLineEdit { border: 1px solid palette(highlight); padding: 0; background: palette(base); }");
+  editor_->setStyleSheet("QLineEdit { border: 1px solid palette(highlight); padding: 0; }");
+  Keep_To_One_Line(editor_);
   editor_->hide();
   editor_->installEventFilter(this);
   connect(editor_, &QLineEdit::textEdited, this, &Edit_Grid::note_keystroke);
   connect(editor_, &QLineEdit::textChanged, this, &Edit_Grid::place_editor);
+  connect(editor_, &QLineEdit::textChanged, this, &Edit_Grid::show_doubt);
 }
 
 void Edit_Grid::refresh() {
@@ -142,6 +144,14 @@ void Edit_Grid::apply_options() {
                        : db_.Opt_GridSel == 2 ? SelectColumns
                                               : SelectItems);
   if (currentIndex().isValid()) make_current(currentIndex());
+}
+
+void Edit_Grid::take_current_row() {
+  take_selection();
+  Text_Grid& grid = rows().grid();
+  if (selectionBehavior() == SelectColumns && currentIndex().isValid()) {
+    grid.Row = grid.RowSel = currentIndex().row() + Text_Grid::FixedRows;
+  }
 }
 
 void Edit_Grid::take_paste_place(std::string_view text) {
@@ -217,6 +227,15 @@ void Edit_Grid::note_keystroke() {
   typed_ = true;
 }
 
+// A text that the check would refuse is tinted while it is typed.
+void Edit_Grid::show_doubt(const QString& text) {
+  const auto fault = Cell_Fault(folder_, cell_.x(), text.toStdString());
+  QPalette colours = palette();
+  if (fault) colours.setColor(QPalette::Base, Doubt_Color(colours));
+  editor_->setPalette(colours);
+  editor_->setToolTip(fault ? To_Qt(fault->text) : QString());
+}
+
 // Over its cell, to the right as far as the text needs it; never over the frozen titles.
 void Edit_Grid::place_editor() {
   if (!editing_) return;
@@ -234,7 +253,8 @@ bool Edit_Grid::Editor_Key(int key) {
   switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter: {
-      // In the last row the cell stays current, though a typed airway leaves an empty row behind it.
+      // In the last row the cell stays current, though a typed airway leaves an empty row behind
+      // it.
       const bool last = cell_.y() == model()->rowCount() - 1;
       commit_editor();
       if (db_.Opt_MoveSel != 0) {
@@ -342,8 +362,6 @@ bool Edit_Grid::move_on(int step) {
 
 void Edit_Grid::empty_cells() {
   take_selection();
-  const std::string clip = rows().grid().Clip();
-  if (clip.find_first_not_of("\t\r") == std::string::npos) return;
   if (!Empty_Cells(db_, copy_, folder_)) return;
   refresh();
   emit edited();

@@ -50,6 +50,9 @@ class Edit_Grid : public Frozen_Grid_View {
   /// where whole rows are selected the current column, if the text fits from there, and where whole
   /// columns are selected the current row.
   void take_paste_place(std::string_view text);
+  /// Gives the grid the row that row commands are for: the first selected one; where whole columns
+  /// are selected the current one.
+  void take_current_row();
 
  signals:
   /// An act has changed cells.
@@ -80,6 +83,7 @@ class Edit_Grid : public Frozen_Grid_View {
   void open_editor(const std::optional<QString>& typed);
   bool Editor_Key(int key);
   void place_editor();
+  void show_doubt(const QString& text);
   void close_editor();
   void note_keystroke();
   [[nodiscard]] bool keyboard_has_gone(const QFocusEvent& event) const;

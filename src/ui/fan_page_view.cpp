@@ -14,6 +14,7 @@
 #include "prep/cell_rules.h"
 #include "prep/edit_commands.h"
 #include "ui/edit_grid.h"
+#include "ui/one_line.h"
 #include "ui/picture_box.h"
 #include "ui/qt_text.h"
 
@@ -122,6 +123,7 @@ QLayout* Fan_Page_View::make_head() {
 QLayout* Fan_Page_View::make_fields() {
   for (int k = 1; k <= Fan_Page::last_field; ++k) {
     auto* const text = new QLineEdit(page_);
+    Keep_To_One_Line(text);
     text->setObjectName(QString("txtData%1").arg(k));
     text->installEventFilter(this);
     connect(text, &QLineEdit::textEdited, this, [this, k](const QString& t) { take_field(k, t); });

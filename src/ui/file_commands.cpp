@@ -114,6 +114,7 @@ void BRANOK60::save(Save_Command command) {
   last_folder_ = file.parent_path();
   if (!Save_Project(project_, file, folders_, settings_, dialogue_, command)) return;
   take_file();
+  take_saved_head();
   dialogue_.remark("Saved " + project_.file.string());
   if (!Unchecked_Folders(project_.db, edit_).empty()) {
     dialogue_.remark("Not in the file: edits that no check has taken in (Check and Fix Data, F9)");

@@ -1,6 +1,7 @@
 #include "ui/frozen_grid_view.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -217,7 +218,14 @@ void Frozen_Grid_View::setSelection(const QRect& /*rect*/,
 
 QItemSelectionModel::SelectionFlags Frozen_Grid_View::selectionCommand(const QModelIndex& index,
                                                                        const QEvent* event) const {
-  const auto command = Grid_View::selectionCommand(index, event);
+  auto command = Grid_View::selectionCommand(index, event);
+  // Ctrl with Shift goes far and takes all on the way along.
+  if (event != nullptr && event->type() == QEvent::KeyPress) {
+    const Qt::KeyboardModifiers keys = static_cast<const QKeyEvent*>(event)->modifiers();
+    if (keys.testFlag(Qt::ShiftModifier) && keys.testFlag(Qt::ControlModifier)) {
+      command = QItemSelectionModel::SelectCurrent | selection_width();
+    }
+  }
   const bool begins = command.testFlag(QItemSelectionModel::Select) &&
                       !command.testFlag(QItemSelectionModel::Current);
   if (begins) anchor_ = index;

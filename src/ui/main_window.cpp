@@ -81,6 +81,7 @@ BRANOK60::BRANOK60(Program_Folders folders, Settings settings, QWidget* parent)
   New_Database(project_.db, Today());
   Fill_Database_Window(project_.db, edit_);
   history_.start(edit_);
+  take_saved_head();
   panel_.reset(project_.db);
   std::error_code none;
   if (const auto demo = folders_.installed_file("DATA");
@@ -320,13 +321,14 @@ void BRANOK60::show_command_state() {
 
 void BRANOK60::show_database_state() {
   const QString target = QString::fromStdString(data_->edit_tag());
-  const bool any = target != "network" && target != "none";
+  const bool nothing = target == "network" || (target == "mainfan" && edit_.fan_in_front == 0);
+  const bool any = !nothing;
   set_edit_tag(any ? target : QString("none"));
   Set_Edit_Menu_State(true, any, any, any, target == "airway");
   Set_Toolbar_State(true, any, any, any, false, false, false, false);
   const QLineEdit* const field = data_->focused_text();
-  enable("mnuEditComUndo", field != nullptr ? field->isUndoAvailable() : history_.can_undo());
-  enable("mnuEditComRedo", field != nullptr ? field->isRedoAvailable() : history_.can_redo());
+  enable("mnuEditComUndo", (field != nullptr && field->isUndoAvailable()) || history_.can_undo());
+  enable("mnuEditComRedo", (field != nullptr && field->isRedoAvailable()) || history_.can_redo());
 }
 
 void BRANOK60::show_analysis_state() {
@@ -417,10 +419,20 @@ QAction* BRANOK60::menu_of_letter(const QKeyEvent& key) const {
   return nullptr;
 }
 
+// Ctrl+Z in a field of the Database window where nothing was typed since: the grids' last edit is
+// meant.
+bool BRANOK60::leaves_undo_to_grids(const QObject* object, const QKeyEvent& key) const {
+  const QLineEdit* const field = focused_text();
+  if (field == nullptr || field != object) return false;
+  return (key.matches(QKeySequence::Undo) && !field->isUndoAvailable()) ||
+         (key.matches(QKeySequence::Redo) && !field->isRedoAvailable());
+}
+
 // Captions of menus and of controls share letters ("&Analysis", "&Area Ratio"). The menus have
 // them, so that a key always does the same.
 bool BRANOK60::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
+    if (leaves_undo_to_grids(object, *static_cast<QKeyEvent*>(event))) return true;
     if (menu_of_letter(*static_cast<QKeyEvent*>(event)) != nullptr) {
       event->accept();
       return true;

@@ -14,6 +14,7 @@
 
 #include "core/settings.h"
 #include "files/project.h"
+#include "prep/check.h"
 #include "prep/edit_commands.h"
 #include "prep/edit_history.h"
 #include "thermal/diagrams.h"
@@ -149,6 +150,7 @@ class BRANOK60 : public QMainWindow {
   void build_middle();
   void place_window();
   [[nodiscard]] QAction* menu_of_letter(const QKeyEvent& key) const;
+  [[nodiscard]] bool leaves_undo_to_grids(const QObject* object, const QKeyEvent& key) const;
 
   QAction* action(const char* name, int index = -1) const;
   QAction* tool(const char* key) const;
@@ -180,13 +182,21 @@ class BRANOK60 : public QMainWindow {
   void bring_up(QWidget& window);
   void fill_grids();
   void edit(const std::function<void()>& act);
+  void edit_airways(const std::function<void()>& act);
+  void edit_done();
   void data_edited();
   void show_unchecked();
   /// Edits that are in no file: in the grids, or taken in by a check since the last save.
   [[nodiscard]] bool has_unsaved_edits() const;
+  void take_saved_head();
   [[nodiscard]] bool may_leave_mine();
   void show_place(const Edit_Place& place);
   void set_in_rows(bool (*set)(Database&, Edit_Copy&, int), int value);
+  struct Fan_Trial {
+    Database db;
+    Check_Result result;
+  };
+  Fan_Trial check_fan_page(int fan);
   void add_fan();
   void delete_fan();
   using History_Move = std::optional<Edit_Place> (Edit_History::*)(Database&, Edit_Copy&);
@@ -203,8 +213,9 @@ class BRANOK60 : public QMainWindow {
   void draw_diagram(Diagram_Kind kind);
 
   Project project_;
-  Edit_Copy edit_;        // of the open mine, whether its window is open or not
-  Edit_History history_;  // of the edit copy
+  Edit_Copy edit_;                       // of the open mine, whether its window is open or not
+  Edit_History history_;                 // of the edit copy
+  std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;
   Qt_Dialogue dialogue_;

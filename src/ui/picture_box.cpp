@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+#include "ui/one_line.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -15,6 +16,7 @@ Picture_Box::Picture_Box(const QString& name, QWidget* parent) : QComboBox(paren
   setCompleter(nullptr);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(40);
+  Keep_To_One_Line(lineEdit());
   setToolTip("Up to three picture files: choose a place, type a name");
   addItems(QStringList{"", "", ""});
   connect(lineEdit(), &QLineEdit::textEdited, this, &Picture_Box::take_text);

@@ -4,9 +4,11 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 
 #include "core/faults.h"
+#include "ui/one_line.h"
 #include "ui/qt_text.h"
 
 namespace branok {
@@ -158,6 +160,7 @@ std::optional<std::string> Qt_Dialogue::ask(std::string_view prompt, std::string
   box.setObjectName("boxInput");
   box.setWindowTitle(To_Qt(title));
   box.setLabelText(To_Qt(prompt));
+  if (auto* const text = box.findChild<QLineEdit*>()) Keep_To_One_Line(text);
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue().toStdString();
 }

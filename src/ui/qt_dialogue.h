@@ -38,7 +38,6 @@ class Qt_Dialogue : public Dialogue {
   /// Restores the pointer, whatever a failed command left.
   void end_busy();
 
-
  private:
   Answer show_box(const Message& message, QCheckBox* for_all);
 

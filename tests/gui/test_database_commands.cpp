@@ -183,6 +183,94 @@ TEST_F(Database_Commands, Cut_And_Paste_Insert_Move_An_Airway) {
   EXPECT_EQ(cell("grdRoot", 4, 0), "  3 ->   4");
 }
 
+TEST_F(Database_Commands, Row_Commands_Mean_The_Current_Row_In_Every_Selection_Mode) {
+  for (const std::int16_t mode : {0, 1, 2}) {
+    user_.answers = {QMessageBox::Yes};
+    give("mnuFileComNew");
+    db().Opt_GridSel = mode;
+    grid("grdRoot")->apply_options();
+    at(airways, "grdRoot", 3, 4);
+    give("mnuEditComDel1");
+    EXPECT_EQ(cell("grdRoot", 1, 0), "  1 ->   2") << mode;
+    EXPECT_EQ(cell("grdRoot", 3, 0), "  4 ->   5") << mode;
+    at(airways, "grdRoot", 2, 4);
+    give("mnuEditComInsert1");
+    EXPECT_EQ(cell("grdRoot", 2, 0), "") << mode;
+    EXPECT_EQ(cell("grdRoot", 3, 0), "  2 ->   3") << mode;
+    QApplication::clipboard()->setText("99\n");
+    at(airways, "grdRoot", 2, 4);
+    give("mnuEditComPasteIns");
+    EXPECT_EQ(cell("grdRoot", 2, 4), "99") << mode;
+    EXPECT_EQ(cell("grdRoot", 3, 0), "") << mode;
+  }
+}
+
+TEST_F(Database_Commands, A_Copied_Cell_Is_Pasted_Into_A_Field_Without_Its_Line_End) {
+  give("mnuFileComNew");
+  at(main_fans, "grdMFan", 2, 1);
+  give("mnuEditComCopy");
+  auto* const limit = control<QLineEdit>("txtData5");
+  limit->setFocus();
+  limit->selectAll();
+  give("mnuEditComPaste");
+  EXPECT_EQ(limit->text(), "2000.0");
+  control<QLineEdit>("txtData6")->setFocus();
+  EXPECT_EQ(limit->text(), "2000");
+  tabs()->setCurrentIndex(basic);
+  auto* const name = control<QLineEdit>("txtMine");
+  name->setFocus();
+  name->selectAll();
+  QApplication::clipboard()->setText("a\tb\nc\n");
+  QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(name->text(), "a b c");
+  EXPECT_EQ(db().Mine_Name, "a b c");
+}
+
+TEST_F(Database_Commands, Undo_In_An_Untouched_Field_Is_The_Grids_Undo) {
+  give("mnuFileComNew");
+  type_at(airways, "grdRoot", 1, 4, "250");
+  tabs()->setCurrentIndex(basic);
+  auto* const name = control<QLineEdit>("txtMine");
+  name->setFocus();
+  ASSERT_TRUE(action("mnuEditComUndo")->isEnabled());
+  QTest::keyClick(name, 'x');
+  EXPECT_TRUE(action("mnuEditComUndo")->isEnabled());
+  QTest::keyClick(name, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(name->text().contains('x'));
+  EXPECT_EQ(cell("grdRoot", 1, 4), "250");
+  QTest::keyClick(name, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(cell("grdRoot", 1, 4), "100");
+  EXPECT_EQ(tabs()->currentIndex(), airways);
+}
+
+TEST_F(Database_Commands, A_Typed_Name_Does_Not_Go_Unasked) {
+  give("mnuFileComNew");
+  QTest::keyClicks(control<QLineEdit>("txtMine"), "x");
+  user_.boxes.clear();
+  give("mnuFileComNew");
+  EXPECT_TRUE(user_.saw("The edited Data may be lost."));
+  EXPECT_TRUE(db().Mine_Name.find('x') != std::string::npos);
+}
+
+TEST_F(Database_Commands, Letters_And_Calculators_Show_The_Airways_That_They_Change) {
+  give("mnuFileComNew");
+  at(airways, "grdRoot", 2, 1);
+  tabs()->setCurrentIndex(nodes);
+  give("mnuDataWend2");
+  EXPECT_EQ(tabs()->currentIndex(), airways);
+  EXPECT_EQ(cell("grdRoot", 2, 9), "C");
+}
+
+TEST_F(Database_Commands, Without_A_Fan_There_Is_Nothing_To_Cut) {
+  give("mnuFileComNew");
+  tabs()->setCurrentIndex(main_fans);
+  user_.answers = {QMessageBox::Yes};
+  control<QAbstractButton>("cmdMinus")->click();
+  EXPECT_EQ(db().MFan_GridTotal, 0);
+  EXPECT_FALSE(action("mnuEditComCut")->isEnabled());
+  EXPECT_FALSE(action("mnuEditComPaste")->isEnabled());
+}
+
 TEST_F(Database_Commands, Rows_Answers) {
   give("mnuFileComNew");
   at(airways, "grdRoot", 2, 1);
@@ -204,6 +292,12 @@ TEST_F(Database_Commands, Rows_Answers) {
   give("mnuEditComInserts");
   user_.dialogs.push_back(answer("-2"));
   give("mnuEditComInserts");
+  EXPECT_EQ(count(), before + 3);
+  user_.dialogs.push_back(answer("99999999999"));
+  give("mnuEditComInserts");
+  EXPECT_EQ(count(), 2750);
+  EXPECT_FALSE(user_.saw("Please input numeric data."));
+  give("mnuEditComUndo");
   EXPECT_EQ(count(), before + 3);
   user_.dialogs.push_back(answer("many"));
   give("mnuEditComInserts");

@@ -317,6 +317,27 @@ TEST_F(Edit_Grid_Test, Keys_Move_As_In_A_Spreadsheet) {
   EXPECT_EQ(copy.grdRoot.ColSel, root_column::comment);
 }
 
+TEST_F(Edit_Grid_Test, Ctrl_And_Shift_Select_All_On_The_Way) {
+  show(Folder::airway);
+  view->show_cell(2, 2);
+  key(Qt::Key_End, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(copy.grdRoot.Row, 2);
+  EXPECT_EQ(copy.grdRoot.Col, 2);
+  EXPECT_EQ(copy.grdRoot.RowSel, copy.grdRoot.Rows() - 1);
+  EXPECT_EQ(copy.grdRoot.ColSel, root_column::comment);
+}
+
+TEST_F(Edit_Grid_Test, A_Doubtful_Text_Is_Tinted_While_It_Is_Typed) {
+  show(Folder::airway);
+  view->show_cell(1, root_column::area);
+  type("2000");
+  EXPECT_EQ(view->editor()->palette().color(QPalette::Base), Doubt_Color(view->palette()));
+  EXPECT_TRUE(view->editor()->toolTip().contains("'Area' Column"));
+  QTest::keyClick(view->editor(), Qt::Key_Backspace);
+  EXPECT_EQ(view->editor()->palette().color(QPalette::Base), view->palette().color(QPalette::Base));
+  EXPECT_EQ(view->editor()->toolTip(), "");
+}
+
 // --- Titles that stay in view
 
 TEST_F(Edit_Grid_Test, An_Airways_Name_Is_Typed) {

@@ -38,7 +38,8 @@ TEST_F(Main_Window, Menus_Have_Every_Entry_In_Its_Order) {
                    "mnuFileComPrefile3 ", "mnuFileComExit E&xit"}));
   EXPECT_EQ(menu("mnuEditCom"),
             Lines({"mnuEditComUndo &Undo", "mnuEditComRedo &Redo", "mnuEditComCut Cu&t",
-                   "mnuEditComCopy &Copy", "mnuEditComPaste &Paste Overwrite", "mnuEditComPasteIns Paste &Insert", "mnuEditComInsert1 Insert a row",
+                   "mnuEditComCopy &Copy", "mnuEditComPaste &Paste Overwrite",
+                   "mnuEditComPasteIns Paste &Insert", "mnuEditComInsert1 Insert a row",
                    "mnuEditComDel1 Delete a row", "mnuEditComInserts Insert rows",
                    "mnuEditComDels Delete rows"}));
   EXPECT_EQ(menu("mnuDataCom"), Lines({"mnuDataComCheck &Check and Fix Data",

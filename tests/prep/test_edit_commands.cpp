@@ -141,11 +141,62 @@ TEST(Paste_Grid, The_Grid_Ends_With_2750_Rows) {
   EXPECT_EQ(grid.text(2750, 1), "x");
 }
 
-TEST(Paste_Grid, Nothing_Is_Current) {
+TEST(Paste_Grid, Where_Nothing_Is_Current_The_First_Cell_Is_Meant) {
   Text_Grid grid = Three_By_Three();
-  const Text_Grid before = grid;
   Paste_Grid(grid, "1\r");
-  EXPECT_EQ(grid, before);
+  EXPECT_EQ(grid.text(1, 1), "1");
+  Edit_Mine mine = Edit_Mine::Sample();
+  mine.copy.grdRoot.select(0, 0, 0, 0);
+  Paste_Folder(mine.db, mine.copy, Folder::airway, "7 - 8\r");
+  EXPECT_EQ(mine.names()[0], "7 - 8");
+}
+
+TEST(Paste_Folder, Pictures_Follow_The_Airways_Of_A_Sorted_Table) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  Set_Picture_Name(mine.copy, Folder::airway, 1, 1, "one.png");
+  Set_Picture_Name(mine.copy, Folder::airway, 1, 2, "two.png");
+  Text_Grid& grid = mine.copy.grdRoot;
+  grid.select(1, 0, 4, root_column::comment);
+  // The same rows, last one first, as a spreadsheet sorts them.
+  std::vector<std::string> lines;
+  for (int row = 1; row <= 4; ++row) {
+    grid.select(row, 0, row, root_column::comment);
+    lines.insert(lines.begin(), grid.Clip());
+  }
+  std::string sorted;
+  for (const std::string& line : lines) sorted += line + '\r';
+  grid.select(1, 0, 1, 0);
+  Paste_Folder(mine.db, mine.copy, Folder::airway, sorted);
+  EXPECT_EQ(mine.copy.Grid_RootPict[4], (Picture_Row{"one.png", "two.png", ""}));
+  EXPECT_EQ(mine.copy.Grid_RootPict[1], Picture_Row());
+  // Another airway in its place does not take its pictures.
+  grid.select(4, 0, 4, 0);
+  Paste_Folder(mine.db, mine.copy, Folder::airway, "3 - 1\r");
+  EXPECT_EQ(mine.copy.Grid_RootPict[4][1], "");
+}
+
+TEST(Empty_Cells, A_Row_That_Becomes_Blank_Has_No_Pictures_Left) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  Set_Picture_Name(mine.copy, Folder::airway, 2, 3, "three.png");
+  mine.copy.grdRoot.select(2, 0, 2, root_column::comment);
+  EXPECT_TRUE(Empty_Cells(mine.db, mine.copy, Folder::airway));
+  EXPECT_EQ(mine.copy.Grid_RootPict[2], Picture_Row());
+}
+
+TEST(Row_Commands, What_Changes_Nothing_In_The_Mine_Leaves_The_Results) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  mine.mark_clean();
+  Text_Grid& grid = mine.copy.grdRoot;
+  grid.select(5, 1, 5, 1);  // the empty last row
+  EXPECT_FALSE(Empty_Cells(mine.db, mine.copy, Folder::airway));
+  EXPECT_TRUE(mine.edited().empty());
+  Delete_Rows(mine.db, mine.copy, 1);
+  Insert_Rows(mine.db, mine.copy, 1);
+  EXPECT_EQ(mine.db.Flag_Results, flag_true);
+  EXPECT_EQ(mine.edited(), std::vector{Folder::airway});
+  grid.select(1, 1, 1, 1);
+  Delete_Rows(mine.db, mine.copy, 1);
+  EXPECT_EQ(mine.db.Flag_Results, 0);
 }
 
 TEST(Paste_Grid, Empty_Cells_And_Lines_Empty_Cells_Of_The_Grid) {
