@@ -84,7 +84,6 @@ void Edit_Grid::make_editor() {
   editor_ = new QLineEdit(viewport());
   editor_->setObjectName("txtEdit" + QString::number(static_cast<int>(folder_)));
   editor_->setAccessibleName("Cell");
-  editor_->setStyleSheet("QLineEdit { border: 1px solid palette(highlight); padding: 0; }");
   Keep_To_One_Line(editor_);
   editor_->hide();
   editor_->installEventFilter(this);
@@ -188,6 +187,7 @@ void Edit_Grid::open_editor(const std::optional<QString>& typed) {
   const int alignment = at.data(Qt::TextAlignmentRole).toInt();
   editor_->setAlignment(static_cast<Qt::Alignment>(alignment));
   editor_->setText(typed.value_or(text_before_));
+  show_doubt(editor_->text());
   place_editor();
   editor_->show();
   if (typed) note_keystroke();
@@ -230,9 +230,11 @@ void Edit_Grid::note_keystroke() {
 // A text that the check would refuse is tinted while it is typed.
 void Edit_Grid::show_doubt(const QString& text) {
   const auto fault = Cell_Fault(folder_, cell_.x(), text.toStdString());
-  QPalette colours = palette();
-  if (fault) colours.setColor(QPalette::Base, Doubt_Color(colours));
-  editor_->setPalette(colours);
+  const QColor base = fault ? Doubt_Color(palette()) : palette().color(QPalette::Base);
+  const QString look =
+      QString("QLineEdit { border: 1px solid palette(highlight); padding: 0; background: %1; }")
+          .arg(base.name());
+  if (editor_->styleSheet() != look) editor_->setStyleSheet(look);
   editor_->setToolTip(fault ? To_Qt(fault->text) : QString());
 }
 
