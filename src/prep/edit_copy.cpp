@@ -348,7 +348,10 @@ void Fill_Inlets(const Database& db, Edit_Copy& copy) {
 void Fill_Fans(const Database& db, Edit_Copy& copy) {
   std::array<Fan_Page, max_main_fans> pages;
   for (int f = 1; f <= db.MFan_GridTotal; ++f) {
-    pages.at(static_cast<std::size_t>(f - 1)) = Page_Of(db, f);
+    Fan_Page& page = pages.at(static_cast<std::size_t>(f - 1));
+    page = Page_Of(db, f);
+    const Text_Grid& before = copy.fan(f).grdMFan;
+    page.grdMFan.select(before.Row, before.Col, before.RowSel, before.ColSel);
   }
   copy.fan_pages = std::move(pages);
   copy.MFan_GridTotal = db.MFan_GridTotal;

@@ -25,6 +25,35 @@ int First_Other_Page(const Edit_Copy& a, const Edit_Copy& b) {
   return a.MFan_GridTotal == b.MFan_GridTotal ? 0 : std::max(a.MFan_GridTotal, b.MFan_GridTotal);
 }
 
+// Where two fan pages differ first: a field, else a cell of the table, else the page as a whole.
+Edit_Place First_Difference(const Fan_Page& a, const Fan_Page& b, int fan) {
+  Edit_Place place{.folder = Folder::mainfan, .fan = fan};
+  for (int field = 1; field <= Fan_Page::last_field; ++field) {
+    const auto at = static_cast<std::size_t>(field);
+    if (a.text.at(at) == b.text.at(at)) continue;
+    place.field = field;
+    return place;
+  }
+  const int rows = std::min(a.grdMFan.Rows(), b.grdMFan.Rows());
+  for (int row = Text_Grid::FixedRows; row < rows; ++row) {
+    for (const int col : {fan_column::flow, fan_column::head}) {
+      if (a.grdMFan.text(row, col) == b.grdMFan.text(row, col)) continue;
+      place.row = row;
+      place.col = col;
+      return place;
+    }
+  }
+  return place;
+}
+
+// The column of the first cell that differs; where rows have come or gone, the current one.
+int First_Column(const std::vector<std::string>& before, const std::vector<std::string>& after,
+                 const Text_Grid& grid) {
+  if (before.size() != after.size()) return grid.Col;
+  const auto [cell, other] = std::mismatch(before.begin(), before.end(), after.begin());
+  return cell == before.end() ? grid.Col : static_cast<int>(cell - before.begin()) % grid.Cols();
+}
+
 }  // namespace
 
 void Edit_History::start(const Edit_Copy& copy) {
@@ -141,11 +170,18 @@ std::optional<Edit_Place> Edit_History::move(std::deque<Step>& from, std::deque<
     db.MFan_GridTotal = static_cast<std::int16_t>(copy.MFan_GridTotal);
     Note_Edit(db, Folder::mainfan);
     place = {.folder = Folder::mainfan, .fan = copy.fan_in_front};
+    if (step.before->MFan_GridTotal == step.after->MFan_GridTotal) {
+      const auto page = static_cast<std::size_t>(step.fan - 1);
+      place = First_Difference(step.before->fan_pages.at(page), step.after->fan_pages.at(page),
+                               step.fan);
+    }
   }
   for (const Change& change : step.changes) {
     Note_Edit(db, change.folder);
-    const int last = copy.grid(change.folder).Rows() - 1;
-    place = {.folder = change.folder, .row = std::min(change.first, last)};
+    const Text_Grid& grid = copy.grid(change.folder);
+    place = {.folder = change.folder,
+             .row = std::min(change.first, grid.Rows() - 1),
+             .col = First_Column(change.before.cells, change.after.cells, grid)};
   }
   to.push_back(std::move(step));
   return place;

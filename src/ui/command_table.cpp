@@ -87,7 +87,7 @@ constexpr Menu_Entry data_menu[] = {
     Do("mnuDataCalc", 2, "Cal. &Perimeter from Area",               "", "", "", &W::Data_Calc, "Calcurate menu"),
     Do("mnuDataCalc", 3, "Cal. &Friction Factor from Resistance",   "", "", "", &W::Data_Calc, "Calcurate menu"),
     Do("mnuDataCalc", 4, "Input Friction F. from &Standard Table",  "", "", "", &W::Data_Calc, "Calcurate menu"),
-    Do("mnuDataCalc", 5, "Cal. Hight based on Area & Shape",        "", "", "", &W::Data_Calc, "Calcurate menu"),
+    Do("mnuDataCalc", 5, "Cal. Hight based on Area && Shape",        "", "", "", &W::Data_Calc, "Calcurate menu"),
   End(),
   Menu("mnuDataComWend", "Degree of &Winding", "Set the winding of the selected airways"),
     Do("mnuDataWend", 0, "A = &Straight",     "", "", "", &W::Data_Wend, "Winding menu"),

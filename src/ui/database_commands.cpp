@@ -171,6 +171,8 @@ void BRANOK60::show_place(const Edit_Place& place) {
 }
 
 void BRANOK60::Data_Find(int) {
+  MDIData& window = database_window();
+  window.finish_typing();
   const std::optional<std::string> text = dialogue_.ask("Please input nodal number.", "Find node");
   if (!text) return;
   const std::optional<int> number = Typed_Count(*text);
@@ -178,8 +180,6 @@ void BRANOK60::Data_Find(int) {
     dialogue_.show(messages::Not_Numeric());
     return;
   }
-  MDIData& window = database_window();
-  window.finish_typing();
   // Only airways and nodes have the numbers in their rows; from other pages the node is shown.
   const Folder folder = window.folder() == Folder::airway ? Folder::airway : Folder::node;
   const int row = Find_Row(project_.db, edit_, folder, *number);
@@ -350,6 +350,7 @@ void BRANOK60::Edit_Dels(int) {
 }
 
 std::optional<int> BRANOK60::ask_rows(const std::string& verb, const std::string& title) {
+  database_window().finish_typing();
   const auto text = dialogue_.ask("Please input any rows to " + verb + ".", title);
   if (!text) return std::nullopt;
   const std::optional<int> count = Typed_Count(*text);

@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
@@ -35,6 +36,18 @@ QString Empty_Text(Folder folder) {
   return {};
 }
 
+// A page of fields that can be scrolled where the window is smaller than they are.
+QScrollArea* Scrolled(QWidget* page) {
+  auto* const area = new QScrollArea;
+  area->setWidget(page);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->viewport()->setAutoFillBackground(false);
+  page->setAutoFillBackground(false);
+  return area;
+}
+
 }  // namespace
 
 MDIData::MDIData(Database& db, Edit_Copy& copy, Edit_History& history, QWidget* parent)
@@ -44,11 +57,11 @@ MDIData::MDIData(Database& db, Edit_Copy& copy, Edit_History& history, QWidget* 
   tabData = new QTabWidget(this);
   tabData->setObjectName("tabData");
   tabData->setAccessibleName("Folders of the database");
-  tabData->addTab(make_network_page(), "&Basic Data");
+  tabData->addTab(Scrolled(make_network_page()), "&Basic Data");
   tabData->addTab(make_folder_page(Folder::airway, "grdRoot"), "&Airways");
   tabData->addTab(make_folder_page(Folder::node, "grdNode"), "&Nodes");
   tabData->addTab(make_folder_page(Folder::inlet, "grdInlet"), "&Intake");
-  tabData->addTab(make_fan_page(), "&Main Fans");
+  tabData->addTab(Scrolled(make_fan_page()), "&Main Fans");
   tabData->addTab(make_folder_page(Folder::assistfan, "grdAFan"), "Assist &Fans");
   tabData->addTab(make_folder_page(Folder::thermal, "grdThermo"), "&Thermal Cond.");
   for (const Folder folder : all_folders) {
@@ -266,8 +279,8 @@ void MDIData::show_pictures(Folder folder) {
 }
 
 void MDIData::apply_font(const QFont& font) {
+  tabData->setFont(font);
   for (const Folder_Page& page : pages_) page.grid->setFont(font);
-  for (QLabel* const label : tabData->findChildren<QLabel*>()) label->setFont(font);
 }
 
 void MDIData::apply_options() { page(Folder::airway).grid->apply_options(); }

@@ -315,11 +315,6 @@ QLineEdit* Fan_Page_View::focused_text() const {
   return text != nullptr && isAncestorOf(text) ? text : nullptr;
 }
 
-void Fan_Page_View::apply_font(const QFont& font) {
-  for (QLabel* label : findChildren<QLabel*>()) label->setFont(font);
-  grdMFan->setFont(font);
-}
-
 bool Fan_Page_View::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     if (go_on(field_of(object), static_cast<QKeyEvent*>(event)->key())) return true;

@@ -39,9 +39,6 @@ class Fan_Page_View : public QWidget {
   /// The text box of this page that has the keyboard, the grid's editor too; null when none has.
   [[nodiscard]] QLineEdit* focused_text() const;
 
-  /// Labels and grid take the font.
-  void apply_font(const QFont& font);
-
  signals:
   /// A text has changed while it is typed.
   void typed();

@@ -52,6 +52,7 @@ void BRANOK60::File_New(int) {
 }
 
 void BRANOK60::File_Open(int) {
+  if (data_ != nullptr) data_->finish_typing();
   QFileDialog dialog(this, "Open File  - Select '*.abk' -  ");
   dialog.setFileMode(QFileDialog::ExistingFile);
   const std::filesystem::path file = Ask_File(dialog, last_folder_);
@@ -115,10 +116,9 @@ void BRANOK60::save(Save_Command command) {
   if (!Save_Project(project_, file, folders_, settings_, dialogue_, command)) return;
   take_file();
   take_saved_head();
-  dialogue_.remark("Saved " + project_.file.string());
-  if (!Unchecked_Folders(project_.db, edit_).empty()) {
-    dialogue_.remark("Not in the file: edits that no check has taken in (Check and Fix Data, F9)");
-  }
+  const bool all = Unchecked_Folders(project_.db, edit_).empty();
+  dialogue_.remark((all ? "Saved " : "Saved without the unchecked edits (F9 takes them in): ") +
+                   project_.file.string());
   rebuild_recent_menu();
   refresh_status();
 }

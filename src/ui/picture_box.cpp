@@ -16,6 +16,7 @@ Picture_Box::Picture_Box(const QString& name, QWidget* parent) : QComboBox(paren
   setCompleter(nullptr);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(40);
+  setMinimumWidth(120);  // in a small window it gives way
   Keep_To_One_Line(lineEdit());
   setToolTip("Up to three picture files: choose a place, type a name");
   addItems(QStringList{"", "", ""});

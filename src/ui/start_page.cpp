@@ -60,6 +60,7 @@ void Start_Page::show_recent(const Settings& settings) {
     button->setDescription(cut(file.absolutePath()));
     button->setToolTip(file.filePath());
   }
+  add("Edit the present mine (Ctrl+1)", "window-database", "cmdStartDatabase", "mnuWinSelCom", 0);
   add("Analyse the present mine (Ctrl+2)", "window-analysis", "cmdStartAnalysis", "mnuWinSelCom",
       1);
   add("Read the guide (F1)", "help", "cmdStartHelp", "mnuHelpComBRN", -1);

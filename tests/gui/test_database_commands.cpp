@@ -243,6 +243,32 @@ TEST_F(Database_Commands, Undo_In_An_Untouched_Field_Is_The_Grids_Undo) {
   EXPECT_EQ(tabs()->currentIndex(), airways);
 }
 
+TEST_F(Database_Commands, In_A_Small_Window_Every_Page_Fits_Into_It) {
+  give("mnuFileComNew");
+  window_->resize(500, 350);
+  QTest::qWait(50);
+  auto* const area = window_->findChild<QMdiArea*>();
+  for (int page = 0; page < tabs()->count(); ++page) {
+    tabs()->setCurrentIndex(page);
+    QTest::qWait(20);
+    const QSize frame = area->subWindowList().first()->size();
+    EXPECT_LE(frame.width(), area->viewport()->width()) << page;
+    EXPECT_LE(frame.height(), area->viewport()->height()) << page;
+  }
+}
+
+TEST_F(Database_Commands, The_Chosen_Font_Is_That_Of_The_Whole_Window) {
+  give("mnuFileComNew");
+  user_.dialogs.push_back([](QDialog& dialog) {
+    dialog.setProperty("currentFont", QFont("DejaVu Serif", 15));
+    dialog.accept();
+  });
+  give("mnuOptionComFont");
+  for (const char* const name : {"grdRoot", "grdMFan", "txtMine", "txtData1", "lblTitle1"}) {
+    EXPECT_EQ(control<QWidget>(name)->font().pointSize(), 15) << name;
+  }
+}
+
 TEST_F(Database_Commands, A_Typed_Name_Does_Not_Go_Unasked) {
   give("mnuFileComNew");
   QTest::keyClicks(control<QLineEdit>("txtMine"), "x");
@@ -358,7 +384,7 @@ TEST_F(Database_Commands, Save_Offers_The_Check_And_Tells_Of_Unchecked_Edits) {
   EXPECT_TRUE(control<QLabel>("stbEdits")->isVisible());
   user_.answers = {QMessageBox::No};
   give("mnuFileComSave");
-  EXPECT_TRUE(control<QLabel>("stbRemark")->toolTip().contains("Not in the file"));
+  EXPECT_TRUE(control<QLabel>("stbRemark")->toolTip().contains("without the unchecked edits"));
   user_.answers = {QMessageBox::Yes};
   give("mnuFileComSave");
   EXPECT_TRUE(user_.saw("The data are all right !"));

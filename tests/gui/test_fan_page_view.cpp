@@ -456,14 +456,5 @@ TEST_F(Fan_Page_Test, Bytes_Of_An_Old_Comment_Stay) {
   EXPECT_EQ(db.Edit_MFan, 0);
 }
 
-TEST_F(Fan_Page_Test, The_Font_Is_That_Of_Labels_And_Table) {
-  open();
-  QFont font = view->font();
-  font.setPointSizeF(font.pointSizeF() + 4);
-  view->apply_font(font);
-  EXPECT_EQ(control<QLabel>("lblTitle1").font(), font);
-  EXPECT_EQ(view->grid()->font(), font);
-}
-
 }  // namespace
 }  // namespace branok

@@ -53,7 +53,7 @@ TEST_F(Main_Window, Menus_Have_Every_Entry_In_Its_Order) {
                                        "mnuDataCalc2 Cal. &Perimeter from Area",
                                        "mnuDataCalc3 Cal. &Friction Factor from Resistance",
                                        "mnuDataCalc4 Input Friction F. from &Standard Table",
-                                       "mnuDataCalc5 Cal. Hight based on Area & Shape",
+                                       "mnuDataCalc5 Cal. Hight based on Area && Shape",
                                        "mnuDataComWend Degree of &Winding",
                                        "mnuDataWend0 A = &Straight",
                                        "mnuDataWend1 B = &Midium Curve",

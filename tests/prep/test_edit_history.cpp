@@ -58,11 +58,11 @@ TEST_F(Edit_History_Test, A_Cell_Goes_Back_And_Forth) {
   const Texts before = Texts_Of(mine.copy);
   type(Folder::airway, 3, 2, "12");
   const Texts after = Texts_Of(mine.copy);
-  EXPECT_EQ(undo(), (Edit_Place{.folder = Folder::airway, .row = 3}));
+  EXPECT_EQ(undo(), (Edit_Place{.folder = Folder::airway, .row = 3, .col = 2}));
   EXPECT_EQ(Texts_Of(mine.copy), before);
   EXPECT_FALSE(history.can_undo());
   EXPECT_TRUE(history.can_redo());
-  EXPECT_EQ(redo(), (Edit_Place{.folder = Folder::airway, .row = 3}));
+  EXPECT_EQ(redo(), (Edit_Place{.folder = Folder::airway, .row = 3, .col = 2}));
   EXPECT_EQ(Texts_Of(mine.copy), after);
 }
 
@@ -140,8 +140,10 @@ TEST_F(Edit_History_Test, The_Fan_That_Has_Changed_Comes_To_The_Front) {
   mine.copy.fan_in_front = 3;
   Set_Fan_Field(mine.db, mine.copy, Fan_Page::comment, "third");
   history.note(mine.copy);
-  mine.copy.fan_in_front = 1;
-  EXPECT_EQ(undo(), (Edit_Place{.folder = Folder::mainfan, .fan = 3}));
+  mine.copy.fan(3).grdMFan.set_text(7, fan_column::head, "9");
+  history.note(mine.copy);
+  EXPECT_EQ(undo(), (Edit_Place{.folder = Folder::mainfan, .row = 7, .col = 2, .fan = 3}));
+  EXPECT_EQ(undo(), (Edit_Place{.folder = Folder::mainfan, .fan = 3, .field = Fan_Page::comment}));
   EXPECT_EQ(mine.copy.fan_in_front, 3);
   EXPECT_EQ(mine.copy.fan(3).text[Fan_Page::comment], "");
   EXPECT_EQ(undo().value().fan, 3);  // the page that came last is gone
