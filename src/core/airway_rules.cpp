@@ -26,9 +26,8 @@ float Calc_Resist(float area, float& length, float& peri, float& fric) {
   const double a3 = std::max(double{area} * area * area, 1e-9);
   peri = std::max(peri, 0.001F);
   length = std::max(length, 0.3F);
-  const float r = To_Single(double{fric} * 1000 * length * peri / a3);
-  const auto rounded = static_cast<float>(Int(double{r} * 100 + 0.5) * 0.01);
-  return std::min(rounded, 99999.0F);
+  const float r = To_Single(std::min(double{fric} * 1000 * length * peri / a3, 99999.0));
+  return static_cast<float>(Int(double{r} * 100 + 0.5) * 0.01);
 }
 
 }  // namespace branok

@@ -19,8 +19,7 @@ float Perimeter_From_Area(float area, int shape);
 
 /// Resistance in murgue of an airway: area m2, length m, perimeter m, friction factor. Two
 /// decimals, rounded half up, at most 99999. Arguments below their least value (friction 0.0001,
-/// perimeter 0.001 m, length 0.3 m) are raised to it, in the caller's variables. Raises
-/// Run_Time_Error when a number is too large.
+/// perimeter 0.001 m, length 0.3 m) are raised to it, in the caller's variables.
 /// Source: R = fric L P / A^3 (Atkinson), in murgue.
 float Calc_Resist(float area, float& length, float& peri, float& fric);
 

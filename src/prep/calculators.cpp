@@ -188,21 +188,21 @@ float Of_Shape(const std::array<double, 4>& factors, float area, int shape) {
 
 std::optional<Edit_Place> Calculate(Database& db, Edit_Copy& copy, Calculator calculator,
                                     Dialogue& dialogue) {
-  const Row_Range rows = db.Opt_CalRange == -1
-                             ? Row_Range{Text_Grid::FixedRows, copy.grdRoot.Rows() - 1}
-                             : Selected_Rows(copy.grdRoot);
+  const bool all = db.Opt_CalRange == -1;
+  const Row_Range rows =
+      all ? Row_Range{Text_Grid::FixedRows, copy.grdRoot.Rows() - 1} : Selected_Rows(copy.grdRoot);
+  const auto passed_over = [&](int row) {
+    return all ? !Is_Airway_Name(copy.grdRoot.text(row, root_column::name))
+               : copy.grdRoot.is_blank(row);
+  };
   for (int row = rows.first; row <= rows.last; ++row) {
-    if (copy.grdRoot.is_blank(row)) continue;
-    const std::string where =
-        std::string(Folder_Name(Folder::airway)) + ", row " + std::to_string(row);
+    if (passed_over(row)) continue;
     try {
       Calculate_Row(Airway_Row(db, copy, row), calculator);
     } catch (const Row_Fault& fault) {
-      dialogue.remark(where);
+      dialogue.remark(std::string(Folder_Name(Folder::airway)) + ", row " + std::to_string(row));
       dialogue.show(fault.message);
       return Edit_Place{.folder = Folder::airway, .row = row, .col = fault.col};
-    } catch (const Run_Time_Error& error) {
-      throw Run_Time_Error(where + ": " + error.what());
     }
   }
   return std::nullopt;

@@ -12,10 +12,10 @@ namespace branok {
 enum class Calculator { resistance, length, perimeter, friction, standard, height };
 
 /// Runs a calculator over the airway grid: over all rows when Opt_CalRange is -1, else over the
-/// selected ones, from the lower to the higher. A row without any text is passed over. A missing or
-/// wrong input is told by its message and ends the command at that row; rows done so far are kept.
-/// Returns where it ended, nothing when all rows were done. What has been written is noted as an
-/// edit. Raises Run_Time_Error, naming the row, when a number becomes too large.
+/// selected ones, from the lower to the higher. Of all rows those whose name is no airway's are
+/// passed over, of selected ones those without any text. A missing or wrong input is told by its
+/// message and ends the command at that row; rows done so far are kept. Returns where it ended,
+/// nothing when all rows were done. What has been written is noted as an edit.
 std::optional<Edit_Place> Calculate(Database& db, Edit_Copy& copy, Calculator calculator,
                                     Dialogue& dialogue);
 

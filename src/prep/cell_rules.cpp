@@ -96,7 +96,7 @@ std::optional<Message> Name_Fault(std::string_view text) {
 // A speed of a main fan; `which` is its word in the message.
 std::optional<Message> Revolution_Fault(std::string_view which, std::string_view text) {
   try {
-    if (Parse_Double(text) > 0) return std::nullopt;
+    if (Parse_Single(text) > 0) return std::nullopt;
     return messages::Change_Revolution(which);
   } catch (const Run_Time_Error&) {
     return messages::Not_Numeric();
@@ -124,16 +124,17 @@ const Number_Rule fan_head_rule{"'Head' Column", "Main Fan H-Q", "0", "500"};
 
 std::optional<Message> Number_Fault(const Number_Rule& rule, std::string_view text) {
   double value = 0;
+  float stored = 0;  // as its table holds it
   try {
     value = Parse_Double(text);
-    (void)To_Single(value);
+    stored = To_Single(value);
   } catch (const Run_Time_Error&) {
     return messages::Not_Numeric();
   }
   const double low = Parse_Double(rule.low);
   switch (rule.bound) {
     case Bound::above:
-      if (value > low) return std::nullopt;
+      if (stored > To_Single(low)) return std::nullopt;
       return messages::Not_Positive(rule.item, rule.folder);
     case Bound::at_least:
       if (value >= low) return std::nullopt;

@@ -41,7 +41,7 @@ void Fit_Mine_Name(Database& db, Dialogue& dialogue) {
 
 void Check_Network(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   if (db.Edit_Node == 1) {
-    Check_Node_Rows(db, copy, dialogue);
+    Check_Node_Rows(db, copy);
     Fill_Nodes(db, copy);
   }
   if (db.Edit_Root == 1) {
@@ -51,13 +51,13 @@ void Check_Network(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   }
 }
 
-void Check_Equipment(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
+void Check_Equipment(Database& db, Edit_Copy& copy) {
   if (db.Edit_Inlet == 1) {
     Check_Inlets(db, copy);
     Commit_Inlets(db, copy);
   }
   if (db.Edit_MFan == 1) {
-    Check_Main_Fans(db, copy, dialogue);
+    Check_Main_Fans(db, copy);
     Commit_Main_Fans(db, copy);
   }
   if (db.Edit_AFan == 1) {
@@ -115,7 +115,7 @@ Check_Result Check_Data(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   try {
     Fit_Mine_Name(db, dialogue);
     Check_Network(db, copy, dialogue);
-    Check_Equipment(db, copy, dialogue);
+    Check_Equipment(db, copy);
   } catch (const Check_Fault& fault) {
     return Failed(fault, dialogue);
   }
@@ -137,7 +137,7 @@ void Mark_All_Edited(Database& db) {
 Check_Result Check_Fan_For_Diagram(Database& db, Edit_Copy& copy, int fan, Dialogue& dialogue) {
   const Busy busy(dialogue);
   try {
-    Check_Fan_Curve(db, copy, fan, dialogue);
+    Check_Fan_Curve(db, copy, fan);
   } catch (const Check_Fault& fault) {
     return Failed(fault, dialogue);
   }
@@ -146,10 +146,14 @@ Check_Result Check_Fan_For_Diagram(Database& db, Edit_Copy& copy, int fan, Dialo
   return {.passed = true, .place = std::nullopt};
 }
 
-bool Reset_To_Last_Check(const Database& db, Edit_Copy& copy, Dialogue& dialogue) {
+bool Reset_To_Last_Check(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   if (dialogue.show(messages::Ask_Reset_Database()) != Answer::yes) return false;
   const Busy busy(dialogue);
   Refill_All_Grids(db, copy);
+  db.MFan_GridTotal = static_cast<std::int16_t>(copy.MFan_GridTotal);
+  for (const Folder folder : all_folders) {
+    if (folder != Folder::mainfan) Edit_Flag(db, folder) = 0;
+  }
   return true;
 }
 

@@ -22,6 +22,8 @@ struct Check_Result {
 
 /// The whole check: tests and commits the edited folders, rebuilds the connections, asks about
 /// airways that have come or gone, tells the outcome through messages, and counts in Check_Count.
+/// What has been committed shows in its grid again, typed digits as they were typed; rows of the
+/// airway grid that are no airway yet stand behind the others.
 /// The busy pointer is shown meanwhile. Raises Run_Time_Error when the tables themselves hold an
 /// impossible number.
 Check_Result Check_Data(Database& db, Edit_Copy& copy, Dialogue& dialogue);
@@ -35,9 +37,10 @@ void Mark_All_Edited(Database& db);
 Check_Result Check_Fan_For_Diagram(Database& db, Edit_Copy& copy, int fan, Dialogue& dialogue);
 
 /// Asks, then writes the tables back to the grids of nodes, airways, thermal rows, intakes and
-/// assist fans: all edits since the last check are taken back. Main fan pages stay, but a mine
-/// without main fans has none afterwards. False when the answer was No.
-bool Reset_To_Last_Check(const Database& db, Edit_Copy& copy, Dialogue& dialogue);
+/// assist fans: all edits since the last check are taken back, and these folders count as edited no
+/// more. Main fan pages stay, but a mine without main fans has none afterwards. False when the
+/// answer was No.
+bool Reset_To_Last_Check(Database& db, Edit_Copy& copy, Dialogue& dialogue);
 
 /// The filling of that, without the question.
 void Refill_All_Grids(const Database& db, Edit_Copy& copy);

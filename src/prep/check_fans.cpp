@@ -92,6 +92,7 @@ void Check_Discharge(const Database& db, const Edit_Copy& copy, int f) {
   Fan_Page& page = copy.fan(f);
   const auto at = static_cast<std::size_t>(field);
   page.text.at(at) = old_speed(page.value.at(at)).text();
+  page.typed.at(at) = false;
   Take_Fan_Page(db, copy, f);
   Stop_At_Field(f, field, messages::Change_Revolution(which));
 }
@@ -112,8 +113,8 @@ void Check_Standard_Speed(Database& db, Edit_Copy& copy, int f) {
 void Check_Driving_Speed(Database& db, Edit_Copy& copy, int f) {
   Check_Speed(db, copy, f, Fan_Page::drive_rpm, " Driving ", db.MFan_WorkDriveRpm[f]);
   // Two speeds that no table could hold the ratio of.
-  const double ratio = double{db.MFan_WorkDriveRpm[f]} / db.MFan_WorkStdRpm[f];
-  if (!std::isfinite(static_cast<float>(ratio))) {
+  const auto ratio = static_cast<float>(double{db.MFan_WorkDriveRpm[f]} / db.MFan_WorkStdRpm[f]);
+  if (!std::isfinite(ratio) || ratio <= 0) {
     Take_Speed_Back(db, copy, f, Fan_Page::drive_rpm, " Driving ");
   }
 }
@@ -155,21 +156,25 @@ std::vector<int> Pairs(const Database& db, const Edit_Copy& copy, int f) {
   return rows;
 }
 
-// A page holds 20 points; a longer paste has more rows.
-void Tell_Rows_Beyond(const Edit_Copy& copy, int f, Dialogue& dialogue) {
-  const Text_Grid& grid = copy.fan(f).grdMFan;
-  for (int row = max_fan_points + 1; row < grid.Rows(); ++row) {
-    if (Trim(grid.text(row, fan_column::flow)).empty() &&
-        Trim(grid.text(row, fan_column::head)).empty()) {
-      continue;
-    }
-    dialogue.remark("Main Fan No." + std::to_string(f) + ": rows beyond " +
-                    std::to_string(max_fan_points) + " are not read");
-    return;
+// A page has 20 rows, and more after a long paste: then blank rows go until the others fit.
+void Close_Up(Text_Grid& grid) {
+  for (int row = grid.Rows() - 1; row >= Text_Grid::FixedRows; --row) {
+    if (grid.Rows() - 1 <= max_fan_points) break;
+    const bool is_blank = Trim(grid.text(row, fan_column::flow)).empty() &&
+                          Trim(grid.text(row, fan_column::head)).empty();
+    if (is_blank) grid.remove_rows(row, 1);
+  }
+  for (int k = 1; k <= max_fan_points; ++k) {
+    grid.set_text(k, fan_column::title, "No. " + std::to_string(k));
   }
 }
 
-void Check_Table(Database& db, const Edit_Copy& copy, int f, Dialogue& dialogue) {
+void Check_Table(Database& db, const Edit_Copy& copy, int f) {
+  if (copy.fan(f).grdMFan.Rows() - 1 > max_fan_points) {
+    Stop_In_Table(copy, f, max_fan_points + 1, fan_column::flow,
+                  messages::Out_Of_Range("Total Number", fan_flow_rule.folder, "0",
+                                         std::to_string(max_fan_points)));
+  }
   const std::vector<int> rows = Pairs(db, copy, f);
   if (rows.size() < fewest_points) {
     throw Check_Fault(
@@ -185,7 +190,12 @@ void Check_Table(Database& db, const Edit_Copy& copy, int f, Dialogue& dialogue)
     }
   }
   db.MFan_WorkHQ[f] = static_cast<std::int16_t>(rows.size());
-  Tell_Rows_Beyond(copy, f, dialogue);
+}
+
+void Read_Page(Database& db, Edit_Copy& copy, int f) {
+  Close_Up(copy.fan(f).grdMFan);
+  Get_Fan_Grid(db, copy, f);
+  Take_Fan_Page(db, copy, f);
 }
 
 // --- Commit
@@ -243,27 +253,23 @@ void Get_Fan_Grid(Database& db, const Edit_Copy& copy, int f) {
   }
 }
 
-void Check_Main_Fans(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
-  for (int f = 1; f <= copy.MFan_GridTotal; ++f) {
-    Get_Fan_Grid(db, copy, f);
-    Take_Fan_Page(db, copy, f);
-  }
+void Check_Main_Fans(Database& db, Edit_Copy& copy) {
+  for (int f = 1; f <= copy.MFan_GridTotal; ++f) Read_Page(db, copy, f);
   for (int f = 1; f <= copy.MFan_GridTotal; ++f) {
     Check_Suction(db, copy, f);
     Check_Discharge(db, copy, f);
     Check_Standard_Speed(db, copy, f);
     Check_Driving_Speed(db, copy, f);
     Check_Limit_Flow(copy, f);
-    Check_Table(db, copy, f, dialogue);
+    Check_Table(db, copy, f);
   }
 }
 
-void Check_Fan_Curve(Database& db, Edit_Copy& copy, int f, Dialogue& dialogue) {
-  Get_Fan_Grid(db, copy, f);
-  Take_Fan_Page(db, copy, f);
+void Check_Fan_Curve(Database& db, Edit_Copy& copy, int f) {
+  Read_Page(db, copy, f);
   Check_Standard_Speed(db, copy, f);
   Check_Driving_Speed(db, copy, f);
-  Check_Table(db, copy, f, dialogue);
+  Check_Table(db, copy, f);
 }
 
 void Commit_Main_Fans(Database& db, Edit_Copy& copy) {

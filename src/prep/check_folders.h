@@ -2,15 +2,14 @@
 // has passed. The order they are called in stands in check.cpp.
 #pragma once
 
-#include "core/dialogue.h"
 #include "prep/edit_copy.h"
 
 namespace branok {
 
 // --- Nodes and airways
 
-/// Tests the node rows and puts them into the tables. A row without a node number is left out.
-void Check_Node_Rows(Database& db, const Edit_Copy& copy, Dialogue& dialogue);
+/// Tests the node rows and puts them into the tables. A wholly blank row is passed over.
+void Check_Node_Rows(Database& db, const Edit_Copy& copy);
 
 /// Which rows of the airway grid carry an airway (1) and which do not (0), by grid row.
 std::vector<std::uint8_t> Mark_Airway_Rows(const Text_Grid& grdRoot);
@@ -36,11 +35,11 @@ void Commit_Thermal_Rows(Database& db, Edit_Copy& copy);
 void Get_Fan_Grid(Database& db, const Edit_Copy& copy, int f);
 
 /// Tests all pages, one after the other. Only the fans' work copy in the tables changes; a speed
-/// that cannot be is taken back on its page.
-void Check_Main_Fans(Database& db, Edit_Copy& copy, Dialogue& dialogue);
+/// that cannot be is taken back on its page, and blank rows of a page that has more than 20 go.
+void Check_Main_Fans(Database& db, Edit_Copy& copy);
 
 /// The tests of one page that its diagram needs: its speeds and its table.
-void Check_Fan_Curve(Database& db, Edit_Copy& copy, int f, Dialogue& dialogue);
+void Check_Fan_Curve(Database& db, Edit_Copy& copy, int f);
 
 void Commit_Main_Fans(Database& db, Edit_Copy& copy);
 

@@ -23,6 +23,15 @@ std::optional<int> Node_Number(const Grid_Row& row) {
   return number;
 }
 
+// A paste has put it behind the nodes. The tables have no place for it, and its texts must not go
+// with the next fill of the grid.
+[[noreturn]] void Stop_Without_Number(int row) {
+  throw Check_Fault(messages::Node_Row_Missing(row),
+                    "Node Folder, row " + std::to_string(row) +
+                        ": nodes come from the airways; a row without a node number cannot be used",
+                    Edit_Place{.folder = Folder::node, .row = row, .col = node_column::number});
+}
+
 void Check_Node_Row(const Grid_Row& row) {
   for (const int col : {node_column::elev, node_column::ew, node_column::sn}) {
     if (row.is_blank(col)) row.stop(col, messages::Node_Row_Missing(row.row()));
@@ -47,22 +56,18 @@ void Commit_Node(Database& db, const Edit_Copy& copy, const Typed_Node& node) {
 
 }  // namespace
 
-void Check_Node_Rows(Database& db, const Edit_Copy& copy, Dialogue& dialogue) {
+void Check_Node_Rows(Database& db, const Edit_Copy& copy) {
   std::vector<Typed_Node> nodes;
-  std::vector<int> left_out;
   for (int k = Text_Grid::FixedRows; k < copy.grdNode.Rows(); ++k) {
     const Grid_Row row(copy, Folder::node, k);
     if (const auto number = Node_Number(row)) {
       Check_Node_Row(row);
       nodes.push_back({.number = *number, .row = k});
     } else if (!copy.grdNode.is_blank(k)) {
-      left_out.push_back(k);
+      Stop_Without_Number(k);
     }
   }
   for (const Typed_Node& node : nodes) Commit_Node(db, copy, node);
-  if (!left_out.empty()) {
-    dialogue.remark("Node Folder, " + Rows_Text(left_out) + ": left out, without a node number");
-  }
 }
 
 std::vector<std::uint8_t> Mark_Airway_Rows(const Text_Grid& grdRoot) {

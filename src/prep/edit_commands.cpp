@@ -128,6 +128,15 @@ Fan_Page New_Fan_Page() {
   return page;
 }
 
+// A number that is typed counts as typed as long as it is another than the field was filled from.
+void Put_Field(Fan_Page& page, int field, std::string_view text) {
+  const auto at = static_cast<std::size_t>(field);
+  page.text.at(at) = text;
+  if (field > Fan_Page::limit_flow) return;
+  page.typed.at(at) = true;
+  page.typed.at(at) = Fan_Field_Number(page, field) != page.value.at(at);
+}
+
 }  // namespace
 
 std::string From_Clipboard(std::string_view text) {
@@ -284,10 +293,9 @@ bool Remove_Fan_Page(Database& db, Edit_Copy& copy) {
 
 bool Set_Fan_Field(Database& db, Edit_Copy& copy, int field, std::string_view text) {
   Fan_Page& page = copy.fan(copy.fan_in_front);
-  std::string& old = page.text.at(static_cast<std::size_t>(field));
-  if (old == text) return false;
-  old = text;
-  if (field == Fan_Page::suction && page.surface) page.text[Fan_Page::discharge] = old;
+  if (page.text.at(static_cast<std::size_t>(field)) == text) return false;
+  Put_Field(page, field, text);
+  if (field == Fan_Page::suction && page.surface) Put_Field(page, Fan_Page::discharge, text);
   Note_Edit(db, Folder::mainfan);
   return true;
 }
@@ -296,7 +304,7 @@ bool Set_Surface_Fan(Database& db, Edit_Copy& copy, bool surface) {
   Fan_Page& page = copy.fan(copy.fan_in_front);
   if (page.surface == surface) return false;
   page.surface = surface;
-  if (surface) page.text[Fan_Page::discharge] = page.text[Fan_Page::suction];
+  if (surface) Put_Field(page, Fan_Page::discharge, page.text[Fan_Page::suction]);
   Note_Edit(db, Folder::mainfan);
   return true;
 }

@@ -5,6 +5,7 @@
 
 #include "core/pictures.h"
 #include "core/vocabulary.h"
+#include "prep/typed_digits.h"
 
 namespace branok {
 
@@ -71,6 +72,17 @@ class Row_Writer {
   Row_Writer(Text_Grid& grid, int row, int first_col = 1)
       : grid_(grid), row_(row), col_(first_col) {}
 
+  // From here on the row is that of the airway i-j, and the digits typed for it stay.
+  Row_Writer& of(const Typed_Digits& typed, int i, int j) {
+    typed_ = &typed;
+    i_ = i;
+    j_ = j;
+    return *this;
+  }
+  Row_Writer& number(const Picture& picture, float value) {
+    return text(typed_ != nullptr ? typed_->Keep_Digits(i_, j_, col_, picture, value)
+                                  : picture(value).text());
+  }
   template <class Number>
   Row_Writer& number(const Picture& picture, Number value) {
     return text(picture(value).text());
@@ -89,6 +101,8 @@ class Row_Writer {
  private:
   Text_Grid& grid_;
   int row_, col_;
+  const Typed_Digits* typed_ = nullptr;
+  int i_ = 0, j_ = 0;
 };
 
 template <class Names>
@@ -97,9 +111,11 @@ Picture_Row Three_Names(const Names& name) {
 }
 
 void Write_Airway(const Database& db, Text_Grid& grid, int row, int i, int slot,
-                  const Picture_Row& pictures) {
+                  const Picture_Row& pictures, const Typed_Digits& typed) {
+  const int j = db.Node_Junc(slot, i);
   Row_Writer(grid, row, root_column::name)
-      .text(Airway_Title(i, db.Node_Junc(slot, i)))
+      .of(typed, i, j)
+      .text(Airway_Title(i, j))
       .number(resistance, db.Root_Resist(slot, i))
       .number(area_perimeter, db.Root_Area(slot, i))
       .number(area_perimeter, db.Root_Peri(slot, i))
@@ -288,14 +304,21 @@ int Picture_Column(Folder folder) {
 }
 
 void Fill_Database_Window(const Database& db, Edit_Copy& copy) {
-  Edit_Copy fresh = copy;
-  for (const Folder folder : all_folders) Fill_Folder(db, fresh, folder);
+  Edit_Copy fresh;
+  fresh.fan_in_front = copy.fan_in_front;
+  for (const Folder folder : all_folders) {
+    Fill_Folder(db, fresh, folder);
+    if (folder == Folder::mainfan) continue;
+    const Text_Grid& shown = copy.grid(folder);
+    fresh.grid(folder).select(shown.Row, shown.Col, shown.RowSel, shown.ColSel);
+  }
   copy = std::move(fresh);
 }
 
 void Fill_Airways(const Database& db, Edit_Copy& copy) {
   int airways = 0;
   for (int i = 1; i <= db.Node_Total; ++i) airways += db.Node_UpCount[i];
+  const Typed_Digits typed(copy.grdRoot, Folder::airway);
   Text_Grid grid = Root_Grid();
   grid.set_data_rows(std::min(airways + 1, max_grid_rows));
   Picture_Rows pictures(static_cast<std::size_t>(grid.Rows()));
@@ -305,7 +328,7 @@ void Fill_Airways(const Database& db, Edit_Copy& copy) {
       const int slot = db.Node_UpSlot(k, i);
       Picture_Row& names = pictures[static_cast<std::size_t>(++row)];
       names = Three_Names([&](int p) { return db.Root_Pict(p, slot, i); });
-      Write_Airway(db, grid, row, i, slot, names);
+      Write_Airway(db, grid, row, i, slot, names, typed);
     }
   }
   Replace(copy.grdRoot, std::move(grid));
@@ -360,12 +383,14 @@ void Fill_Fans(const Database& db, Edit_Copy& copy) {
 }
 
 void Fill_Assist_Fans(const Database& db, Edit_Copy& copy) {
+  const Typed_Digits typed(copy.grdAFan, Folder::assistfan);
   Text_Grid grid = With_Rows(Assist_Grid(), max_assist_fans, "# ");
   Picture_Rows pictures(static_cast<std::size_t>(grid.Rows()));
   for (int k = 1; k <= db.AFan_Total; ++k) {
     Picture_Row& names = pictures.at(static_cast<std::size_t>(k));
     names = Three_Names([&](int p) { return db.AFan_Pict(p, k); });
     Row_Writer(grid, k)
+        .of(typed, db.AFan_Suction[k], db.AFan_Discharge[k])
         .number(node_number, int{db.AFan_Suction[k]})
         .number(node_number, int{db.AFan_Discharge[k]})
         .number(assist_value, db.AFan_Head[k])
@@ -378,9 +403,11 @@ void Fill_Assist_Fans(const Database& db, Edit_Copy& copy) {
 }
 
 void Fill_Thermal(const Database& db, Edit_Copy& copy) {
+  const Typed_Digits typed(copy.grdThermo, Folder::thermal);
   Text_Grid grid = With_Rows(Thermo_Grid(), max_thermo_rows, "# ");
   for (int k = 1; k <= db.Thermo_Total; ++k) {
     Row_Writer(grid, k)
+        .of(typed, db.Thermo_Node1[k], db.Thermo_Node2[k])
         .number(node_number, int{db.Thermo_Node1[k]})
         .number(node_number, int{db.Thermo_Node2[k]})
         .number(rock_value, db.Thermo_Cond[k])
@@ -402,7 +429,7 @@ std::string Format_Fan_Field(int field, std::string_view text) {
 }
 
 std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy) {
-  Edit_Copy checked;
+  Edit_Copy checked = copy;
   std::vector<Folder> unchecked;
   for (const Folder folder : all_folders) {
     if (Edit_Flag(const_cast<Database&>(db), folder) == 0) continue;
@@ -415,7 +442,8 @@ std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy)
 std::optional<double> Fan_Field_Number(const Fan_Page& page, int field) {
   const std::string& text = page.text.at(static_cast<std::size_t>(field));
   const double value = page.value.at(static_cast<std::size_t>(field));
-  if (text == Field_Picture(field)(value).view()) return value;
+  const bool typed = page.typed.at(static_cast<std::size_t>(field));
+  if (!typed && text == Field_Picture(field)(value).view()) return value;
   try {
     const double number = Parse_Double(text);
     (void)To_Single(number);

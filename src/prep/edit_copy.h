@@ -79,6 +79,9 @@ struct Fan_Page {
   /// The numbers that fields 1..5 were filled from: a text that still shows its number stands for
   /// it, to the last digit.
   std::array<double, limit_flow + 1> value{};
+  /// The fields whose number has been typed since: a text that looks like the old number rounded
+  /// stands for itself there.
+  std::array<bool, limit_flow + 1> typed{};
   bool surface = true;  ///< the box "Surface Main Fan"
   Picture_Row pictures;
   Text_Grid grdMFan;
@@ -125,10 +128,12 @@ struct Edit_Place {
 
 // --- From the tables to the texts
 
-/// Fills all grids; what is current and selected in them stays.
+/// Fills all grids from the tables alone; what is current and selected in them stays.
 void Fill_Database_Window(const Database& db, Edit_Copy& copy);
 
-/// The single folders. The airway grid ends in one empty row, where the next airway is typed.
+/// The single folders. Where a picture would lose digits of a number that a text in the grid holds,
+/// of an airway, an assist fan or a thermal row, that text stays: the next check reads it again.
+/// The airway grid ends in one empty row, where the next airway is typed.
 void Fill_Airways(const Database& db, Edit_Copy& copy);
 void Fill_Nodes(const Database& db, Edit_Copy& copy);
 void Fill_Inlets(const Database& db, Edit_Copy& copy);
@@ -145,7 +150,8 @@ std::string Format_Fan_Field(int field, std::string_view text);
 std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy);
 
 /// The number that field 1..5 of a main fan's page stands for: the one that it was filled from as
-/// long as its text still shows that, else the text's own. Nothing when the text holds no number.
+/// long as nothing was typed and its text shows that, else the text's own. Nothing when the text
+/// holds no number.
 std::optional<double> Fan_Field_Number(const Fan_Page& page, int field);
 
 // --- Single cells

@@ -41,6 +41,7 @@ class Root_Builder {
   void Check_Connections();
   void Rebuild();
   void Tell_Left_Out();
+  void Show_Tables();
 
  private:
   std::optional<Airway_Nodes> Row_Nodes(int row);
@@ -127,7 +128,6 @@ void Root_Builder::Read_Airways(const std::vector<std::uint8_t>& Grid_RootBad) {
   }
 }
 
-// They are gone from the grid when it shows the tables again.
 void Root_Builder::Tell_Left_Out() {
   if (left_out_.empty()) return;
   dialogue_.remark("Airway Folder, " + Rows_Text(left_out_) + ": left out, without an airway name");
@@ -267,6 +267,23 @@ void Root_Builder::Rebuild() {
   Derive_Marks(db_);
 }
 
+// Rows that are no airway yet are carried over: they stand behind the airways, before the empty
+// row.
+void Root_Builder::Show_Tables() {
+  const Text_Grid typed = copy_.grdRoot;
+  const Picture_Rows names = copy_.Grid_RootPict;
+  Fill_Airways(db_, copy_);
+  Fill_Nodes(db_, copy_);
+  Text_Grid& grid = copy_.grdRoot;
+  for (const int from : left_out_) {
+    const int row = grid.Rows() - 1;
+    grid.insert_rows(row, 1);
+    for (int col = 0; col < grid.Cols(); ++col) grid.set_text(row, col, typed.text(from, col));
+    copy_.Grid_RootPict.insert(copy_.Grid_RootPict.begin() + row,
+                               names.at(static_cast<std::size_t>(from)));
+  }
+}
+
 }  // namespace
 
 void Build_Root_Tables(Database& db, Edit_Copy& copy, const std::vector<std::uint8_t>& Grid_RootBad,
@@ -279,8 +296,7 @@ void Build_Root_Tables(Database& db, Edit_Copy& copy, const std::vector<std::uin
   builder.Check_Connections();
   builder.Rebuild();
   builder.Tell_Left_Out();
-  Fill_Airways(db, copy);
-  Fill_Nodes(db, copy);
+  builder.Show_Tables();
 }
 
 }  // namespace branok

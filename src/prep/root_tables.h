@@ -13,8 +13,9 @@ namespace branok {
 /// that has come or gone, and builds the tables anew: the slots of every node in ascending order of
 /// their far nodes. Results of airways that stay go with them. A missing node number is asked for,
 /// and the answer is written into the row's name. Then the grids of airways and nodes show the
-/// tables. A fault ends the check through Check_Fault; nothing in the tables has changed then.
-/// Raises Run_Time_Error when a table holds a node number that is none.
+/// tables; rows that name no airway keep their texts behind them. A fault ends the check through
+/// Check_Fault; nothing in the tables has changed then. Raises Run_Time_Error when a table holds a
+/// node number that is none.
 void Build_Root_Tables(Database& db, Edit_Copy& copy, const std::vector<std::uint8_t>& Grid_RootBad,
                        Dialogue& dialogue);
 

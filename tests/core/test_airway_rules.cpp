@@ -52,6 +52,21 @@ TEST(Calc_Resist, IsCapped) {
   float peri = 10;
   float fric = 0.002F;
   EXPECT_EQ(Calc_Resist(0.01F, length, peri, fric), 99999.0F);
+  length = 1;
+  peri = 1;
+  fric = 99.998F;
+  EXPECT_EQ(Calc_Resist(1, length, peri, fric), 99998.0F);
+  fric = 99.9991F;
+  EXPECT_EQ(Calc_Resist(1, length, peri, fric), 99999.0F);
+}
+
+TEST(Calc_Resist, IsCappedHoweverLargeItsArgumentsAre) {
+  float length = 100;
+  float peri = 3e38F;
+  float fric = 3e38F;
+  EXPECT_EQ(Calc_Resist(10, length, peri, fric), 99999.0F);
+  length = 3e38F;
+  EXPECT_EQ(Calc_Resist(0, length, peri, fric), 99999.0F);
 }
 
 }  // namespace

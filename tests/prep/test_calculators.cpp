@@ -309,6 +309,8 @@ TEST_F(Calculators, Names_That_Lead_To_No_Two_Nodes) {
       {"1 -> 2 -> 3", "The airway No. can't define!"},
       {"2 -> 77", "Node No.77 in Airway Folder is not existing !"},
       {"88 -> 2", "Node No.88 in Airway Folder is not existing !"}};
+  db().Opt_CalRange = 0;
+  grid().select(1, name, 4, name);
   for (const auto& [text, message] : names) {
     put(2, name, text);
     expect_stop(Calculator::length, 2, name, message);
@@ -350,6 +352,27 @@ TEST_F(Calculators, A_Row_Without_Any_Text_Is_Passed_Over) {
   EXPECT_TRUE(dialogue.shown.empty());
 }
 
+TEST_F(Calculators, Of_All_Rows_Those_That_Are_No_Airway_Are_Passed_Over) {
+  put(2, name, "drift");
+  put(2, area, "wide");
+  put(5, comment, "to do");
+  const Text_Grid before = grid();
+  for (const Calculator calculator :
+       {Calculator::resistance, Calculator::length, Calculator::perimeter, Calculator::friction,
+        Calculator::standard, Calculator::height}) {
+    EXPECT_FALSE(calculate(calculator).has_value());
+  }
+  for (int col = 0; col < grid().Cols(); ++col) {
+    EXPECT_EQ(cell(2, col), before.text(2, col));
+    EXPECT_EQ(cell(5, col), before.text(5, col));
+  }
+  EXPECT_EQ(cell(4, fric), "0.002100");
+  EXPECT_TRUE(dialogue.shown.empty());
+  db().Opt_CalRange = 0;  // but what is selected is meant
+  grid().select(1, name, 4, name);
+  expect_stop(Calculator::height, 2, area, "Please input numeric data.");
+}
+
 TEST_F(Calculators, Only_The_Selected_Rows_Whichever_Way_They_Were_Selected) {
   db().Opt_CalRange = 0;
   for (const auto& [from, to] : {std::pair{2, 3}, std::pair{3, 2}}) {
@@ -381,18 +404,16 @@ TEST_F(Calculators, Without_A_Selection_Nothing_Happens) {
   EXPECT_TRUE(mine.edited().empty());
 }
 
-TEST_F(Calculators, An_Overflow_Names_Its_Row_And_Keeps_The_Rows_Before) {
+TEST_F(Calculators, However_Large_The_Numbers_The_Largest_Resistance_Is_Shown) {
   put(2, fric, "3E38");
-  try {
-    calculate(Calculator::resistance);
-    FAIL();
-  } catch (const Run_Time_Error& error) {
-    EXPECT_TRUE(std::string(error.what()).starts_with("Airway Folder, row 2: ")) << error.what();
-  }
+  put(2, peri, "3E38");
+  put(2, root_column::length, "3E38");
+  put(3, area, "3E38");
+  EXPECT_FALSE(calculate(Calculator::resistance).has_value());
   EXPECT_EQ(cell(1, resist), "1.4");
-  EXPECT_EQ(cell(2, resist), "1.43E+00");
-  EXPECT_EQ(cell(3, resist), "1.43E+00");
-  EXPECT_EQ(mine.edited(), std::vector<Folder>{Folder::airway});
+  EXPECT_EQ(cell(2, resist), "99999.");
+  EXPECT_EQ(cell(3, resist), "0.");
+  EXPECT_EQ(cell(4, resist), "1.4");
 }
 
 TEST_F(Calculators, Other_Cells_Stay) {

@@ -9,13 +9,17 @@
 namespace branok {
 namespace {
 
-// A checked mine: its texts have been committed once, so that its numbers are those that the grids
-// show.
 class Checked_Mine : public Check_Test {
  protected:
-  void expect_a_second_check_changes_nothing() {
+  void SetUp() override { open_and_check(Small_Mine()); }
+
+  // A mine from its tables: the first check takes its numbers as the grids show them.
+  void open_and_check(Database mine) {
+    open(std::move(mine));
     Mark_All_Edited(db);
     ASSERT_TRUE(check()) << user.shown.front().text;
+  }
+  void expect_a_second_check_changes_nothing() {
     const Database first = db;
     const Edit_Copy grids = copy;
     Mark_All_Edited(db);
@@ -31,22 +35,147 @@ class Checked_Mine : public Check_Test {
 
 TEST_F(Checked_Mine, StaysAsItIsInAnotherCheck) { expect_a_second_check_changes_nothing(); }
 
+TEST_F(Checked_Mine, TypedDigitsStay) {
+  const std::vector<std::pair<int, std::string>> typed = {
+      {root_column::resist, "1.23456"}, {root_column::area, "0.01"},
+      {root_column::peri, "0.001"},     {root_column::length, "12.25"},
+      {root_column::time, "0.3333333"}, {root_column::heat, "0.4"},
+      {root_column::wet, " 99.99 "},    {root_column::fric, "0.00012345"},
+      {root_column::height, "2.875"}};
+  for (const auto& [col, text] : typed) type(Folder::airway, 3, col, text);
+  const std::vector<std::string> assist = {"2", "4", "30.55", "900.125"};
+  const std::vector<std::string> thermal = {"4", "2", "0.2001", "2600.1234", "0.2", "25.00001"};
+  for (std::size_t k = 0; k < assist.size(); ++k) {
+    type(Folder::assistfan, 4, static_cast<int>(k) + 1, assist[k]);
+  }
+  for (std::size_t k = 0; k < thermal.size(); ++k) {
+    type(Folder::thermal, 9, static_cast<int>(k) + 1, thermal[k]);
+  }
+  ASSERT_TRUE(check());
+  for (const auto& [col, text] : typed) EXPECT_EQ(copy.grdRoot.text(3, col), text);
+  for (const auto& [i, j] : {std::pair{2, 4}, {4, 2}}) {
+    EXPECT_EQ(db.Root_Resist(Find_Slot(db, i, j), i), 1.23456F);
+    EXPECT_EQ(db.Root_Area(Find_Slot(db, i, j), i), 0.01F);
+  }
+  EXPECT_EQ(copy.grdAFan.text(1, assist_column::head), "30.55");
+  EXPECT_EQ(copy.grdAFan.text(1, assist_column::flow), "900.125");
+  EXPECT_EQ(copy.grdThermo.text(1, thermo_column::cond), "0.2001");
+  EXPECT_EQ(copy.grdThermo.text(1, thermo_column::density), "2600.1234");
+  EXPECT_EQ(copy.grdThermo.text(1, thermo_column::specific), "0.2");
+  EXPECT_EQ(copy.grdThermo.text(1, thermo_column::rock_temp), "25.00001");
+  expect_a_second_check_changes_nothing();
+  db.Edit_Root = 1;
+  EXPECT_TRUE(Unchecked_Folders(db, copy).empty());
+}
+
+TEST_F(Checked_Mine, ATextWhoseNumberThePictureHoldsTakesThePicture) {
+  type(Folder::airway, 1, root_column::area, "5");
+  type(Folder::airway, 1, root_column::resist, "12.5");
+  type(Folder::airway, 1, root_column::heat, " 7.00 ");
+  ASSERT_TRUE(check());
+  EXPECT_EQ(copy.grdRoot.text(1, root_column::area), "5.0");
+  EXPECT_EQ(copy.grdRoot.text(1, root_column::resist), "1.25E+01");
+  EXPECT_EQ(copy.grdRoot.text(1, root_column::heat), "7");
+  expect_a_second_check_changes_nothing();
+}
+
+TEST_F(Checked_Mine, TypedDigitsGoWithTheirAirwayWhereverItsRowComesToStand) {
+  copy.grdRoot.set_text(1, root_column::name, "5 6");  // the first row and the last change places
+  copy.grdRoot.set_text(6, root_column::name, "2 - 1");
+  type(Folder::airway, 1, root_column::area, "0.0625");
+  ASSERT_TRUE(check());
+  EXPECT_EQ(copy.grdRoot.text(6, root_column::name), "  5 ->   6");
+  EXPECT_EQ(copy.grdRoot.text(6, root_column::area), "0.0625");
+  EXPECT_EQ(copy.grdRoot.text(1, root_column::area), "10.0");
+  expect_a_second_check_changes_nothing();
+}
+
+TEST_F(Checked_Mine, TypedDigitsOfTwoRowsForOneAirwayStayApart) {
+  for (const auto& [row, temp] : {std::pair{1, "20.12345"}, {2, "30.12345"}}) {
+    const std::vector<std::string> cells = {"2.0", "4", "0", "0", "0", temp};
+    for (std::size_t k = 0; k < cells.size(); ++k) {
+      type(Folder::thermal, row, static_cast<int>(k) + 1, cells[k]);
+    }
+  }
+  ASSERT_TRUE(check());
+  EXPECT_EQ(copy.grdThermo.text(1, thermo_column::rock_temp), "20.12345");
+  EXPECT_EQ(copy.grdThermo.text(2, thermo_column::rock_temp), "30.12345");
+  expect_a_second_check_changes_nothing();
+}
+
+TEST_F(Checked_Mine, RowsThatAreNoAirwayYetStayBehindTheOthers) {
+  type_airway("drift");
+  type(Folder::airway, 7, root_column::area, "none");
+  Set_Picture_Name(copy, Folder::airway, 7, 1, "a.jpg");
+  Set_Picture_Name(copy, Folder::airway, 7, 3, "c.jpg");
+  type_airway("3 -> 4");
+  type_airway("3 ->");
+  const auto expect_rows = [&] {
+    ASSERT_EQ(copy.grdRoot.Rows(), 11);
+    EXPECT_EQ(copy.grdRoot.text(4, root_column::name), "  3 ->   4");
+    EXPECT_EQ(copy.grdRoot.text(8, root_column::name), "drift");
+    EXPECT_EQ(copy.grdRoot.text(8, root_column::area), "none");
+    EXPECT_EQ(copy.Grid_RootPict.at(8), (Picture_Row{"a.jpg", "", "c.jpg"}));
+    EXPECT_EQ(copy.grdRoot.text(9, root_column::name), "3 ->");
+    EXPECT_TRUE(copy.grdRoot.is_blank(10));
+    EXPECT_EQ(copy.Grid_RootPict.size(), 11U);
+  };
+  ASSERT_TRUE(check());
+  EXPECT_EQ(remark(), "Airway Folder, rows 7, 9: left out, without an airway name");
+  expect_rows();
+  expect_a_second_check_changes_nothing();
+  expect_rows();
+}
+
+TEST_F(Checked_Mine, EveryFolderShowsItsTables) {
+  copy.fan_in_front = 1;
+  type_field(1, Fan_Page::std_rpm, "400.4");
+  type_field(1, Fan_Page::limit_flow, "8000.6");
+  type(Folder::mainfan, 1, fan_column::flow, "0.50");
+  Set_Surface_Fan(db, copy, false);
+  type_field(1, Fan_Page::discharge, " 6 ");
+  type(Folder::inlet, 3, inlet_column::node, "3.0");
+  type(Folder::node, 1, node_column::elev, "10.5");
+  type(Folder::node, 1, node_column::comment, "");
+  type(Folder::airway, 1, root_column::comment, "");
+  type(Folder::airway, 2, root_column::wind, "b");
+  Mark_All_Edited(db);
+  ASSERT_TRUE(check());
+  Edit_Copy tables;
+  tables.fan_in_front = copy.fan_in_front;
+  Fill_Database_Window(db, tables);
+  for (const Folder folder : all_folders) {
+    EXPECT_EQ(copy.grid(folder), tables.grid(folder));
+    if (copy.pictures(folder) != nullptr) {
+      EXPECT_EQ(*copy.pictures(folder), *tables.pictures(folder));
+    }
+  }
+  EXPECT_EQ(copy.fan_pages, tables.fan_pages);
+  EXPECT_EQ(copy.fan(1).text[Fan_Page::std_rpm], "400");
+  EXPECT_EQ(copy.fan(1).text[Fan_Page::limit_flow], "8001");
+  EXPECT_EQ(copy.fan(1).grdMFan.text(1, fan_column::flow), "0.50");
+  EXPECT_TRUE(copy.fan(1).surface);
+  EXPECT_EQ(db.MFan_StdRpm[1], 400.4F);
+  expect_a_second_check_changes_nothing();
+}
+
 TEST_F(Checked_Mine, TheSampleStaysAsItIs) {
   Database sample;
   New_Database(sample, "2024/01/01");
-  open(sample);
+  open_and_check(sample);
   expect_a_second_check_changes_nothing();
 }
 
 TEST_F(Checked_Mine, GeneratedMinesStayAsTheyAre) {
   for (const unsigned seed : {1U, 2U, 3U}) {
-    open(Make_Mine({.nodes = 60, .seed = seed, .assist_fans = 3, .thermo_rows = 5, .extra = 1}));
+    open_and_check(
+        Make_Mine({.nodes = 60, .seed = seed, .assist_fans = 3, .thermo_rows = 5, .extra = 1}));
     expect_a_second_check_changes_nothing();
   }
 }
 
 TEST_F(Checked_Mine, ALargeMineStaysAsItIs) {
-  open(Make_Mine({.nodes = max_nodes, .inlets = 4, .fans = 3, .extra = 1}));
+  open_and_check(Make_Mine({.nodes = max_nodes, .inlets = 4, .fans = 3, .extra = 1}));
   expect_a_second_check_changes_nothing();
 }
 
@@ -55,7 +184,7 @@ TEST_F(Checked_Mine, TheDemoMinesStayAsTheyAre) {
     Database mine;
     Comment_Template comments;
     ASSERT_TRUE(Read_Ver6(mine, BRANOK_TEST_DATA "/DATA/" + name, comments).ok);
-    open(std::move(mine));
+    open_and_check(std::move(mine));
     expect_a_second_check_changes_nothing();
   }
 }
@@ -277,6 +406,7 @@ TEST_F(Check_Test, ResetTakesAllEditsBackButThoseOfTheMainFans) {
   user.answers = {Answer::no};
   EXPECT_FALSE(Reset_To_Last_Check(db, copy, user));
   EXPECT_EQ(copy.grdRoot.text(1, root_column::area), "1");
+  for (const Folder folder : all_folders) EXPECT_EQ(Edit_Flag(db, folder), 1);
   EXPECT_EQ(user.shown[0].title, "Reset Database");
   EXPECT_EQ(user.shown[0].buttons, Buttons::yes_no);
   EXPECT_EQ(user.times_busy, 0);
@@ -285,8 +415,25 @@ TEST_F(Check_Test, ResetTakesAllEditsBackButThoseOfTheMainFans) {
   EXPECT_TRUE(Reset_To_Last_Check(db, copy, user));
   for (const Folder folder : all_folders) EXPECT_EQ(copy.grid(folder), before.grid(folder));
   EXPECT_EQ(copy.fan(1).text[Fan_Page::std_rpm], "123");
+  for (const Folder folder : all_folders) {
+    EXPECT_EQ(Edit_Flag(db, folder), folder == Folder::mainfan ? 1 : 0);
+  }
+  EXPECT_EQ(Unchecked_Folders(db, copy), std::vector{Folder::mainfan});
   EXPECT_EQ(user.times_busy, 1);
   EXPECT_EQ(user.busy_depth, 0);
+}
+
+TEST_F(Check_Test, ResetKeepsTheDigitsThatHaveBeenChecked) {
+  type(Folder::airway, 1, root_column::area, "0.01");
+  type(Folder::airway, 2, root_column::area, "20.25");
+  ASSERT_TRUE(check());
+  type(Folder::airway, 2, root_column::area, "7");
+  type(Folder::airway, 3, root_column::area, "8.125");
+  user.answers = {Answer::yes};
+  EXPECT_TRUE(Reset_To_Last_Check(db, copy, user));
+  EXPECT_EQ(copy.grdRoot.text(1, root_column::area), "0.01");
+  EXPECT_EQ(copy.grdRoot.text(2, root_column::area), "20.3");
+  EXPECT_EQ(copy.grdRoot.text(3, root_column::area), "10.0");
 }
 
 TEST_F(Check_Test, ResetOfAMineWithoutMainFansTakesItsPagesAway) {
@@ -295,6 +442,18 @@ TEST_F(Check_Test, ResetOfAMineWithoutMainFansTakesItsPagesAway) {
   Refill_All_Grids(db, copy);
   EXPECT_EQ(copy.MFan_GridTotal, 0);
   EXPECT_EQ(copy.fan_in_front, 0);
+}
+
+TEST_F(Check_Test, AfterAResetOfAMineWithoutMainFansNothingIsUnchecked) {
+  Remove_Fan_Page(db, copy);
+  db.Inlet_Node[++db.Inlet_Total] = 6;
+  ASSERT_TRUE(check());
+  ASSERT_TRUE(Add_Fan_Page(db, copy));
+  user.answers = {Answer::yes};
+  EXPECT_TRUE(Reset_To_Last_Check(db, copy, user));
+  EXPECT_EQ(copy.MFan_GridTotal, 0);
+  EXPECT_EQ(db.MFan_GridTotal, 0);
+  EXPECT_TRUE(Unchecked_Folders(db, copy).empty());
 }
 
 // --- Whatever is typed

@@ -99,6 +99,50 @@ TEST_F(Check_Fans_Test, AShownNumberStandsForAllItsDigits) {
   EXPECT_EQ(db.MFan_StdRpm[1], 501);
 }
 
+TEST_F(Check_Fans_Test, ATypedNumberStandsForItselfEvenWhereTheOldOneLooksLikeIt) {
+  db.MFan_StdRpm[1] = 500.25F;
+  db.MFan_DriveRpm[1] = 400.75F;
+  Derive_After_Load(db);
+  open(db);
+  type_field(1, Fan_Page::std_rpm, "501");
+  type_field(1, Fan_Page::std_rpm, "500");
+  EXPECT_EQ(Fan_Field_Number(copy.fan(1), Fan_Page::std_rpm), 500);
+  EXPECT_EQ(Fan_Field_Number(copy.fan(1), Fan_Page::drive_rpm), 400.75);
+  EXPECT_EQ(Unchecked_Folders(db, copy), std::vector{Folder::mainfan});
+  EXPECT_TRUE(check());
+  EXPECT_EQ(db.MFan_StdRpm[1], 500);
+  EXPECT_EQ(db.MFan_DriveRpm[1], 400.75F);
+  EXPECT_EQ(copy.fan(1).typed, Fan_Page().typed);
+  type_field(1, Fan_Page::limit_flow, "1");
+  type_field(1, Fan_Page::limit_flow, "9000");  // as it was
+  Set_Surface_Fan(db, copy, false);
+  type_field(1, Fan_Page::discharge, "5");
+  Set_Surface_Fan(db, copy, true);
+  EXPECT_TRUE(Unchecked_Folders(db, copy).empty());
+}
+
+TEST_F(Check_Fans_Test, ASpeedThatIsTakenBackIsTheOldOneToItsLastDigit) {
+  db.MFan_StdRpm[1] = 500.25F;
+  Derive_After_Load(db);
+  open(db);
+  type_field(1, Fan_Page::std_rpm, "0");
+  EXPECT_EQ(fault(), "Change the Standard revolution rate !");
+  EXPECT_EQ(copy.fan(1).text[Fan_Page::std_rpm], "500");
+  EXPECT_TRUE(check());
+  EXPECT_EQ(db.MFan_StdRpm[1], 500.25F);
+}
+
+TEST_F(Check_Fans_Test, TheDischargeOfASurfaceFanIsTypedWithItsSuction) {
+  type_field(1, Fan_Page::suction, "5");
+  EXPECT_TRUE(copy.fan(1).typed[Fan_Page::suction]);
+  EXPECT_TRUE(copy.fan(1).typed[Fan_Page::discharge]);
+  EXPECT_FALSE(copy.fan(1).typed[Fan_Page::std_rpm]);
+  open(Small_Mine());
+  Set_Surface_Fan(db, copy, false);
+  type_field(1, Fan_Page::suction, "5");
+  EXPECT_FALSE(copy.fan(1).typed[Fan_Page::discharge]);
+}
+
 TEST_F(Check_Fans_Test, SuctionNodeFaults) {
   const int field = Fan_Page::suction;
   EXPECT_EQ(field_fault(field, " "), "Enter the Suction Node !");
@@ -119,6 +163,21 @@ TEST_F(Check_Fans_Test, TwoFansCannotDrawFromOneNode) {
   add_fan();
   type_field(2, Fan_Page::suction, "6");
   EXPECT_EQ(fault(), "Node is double booked with other Fan set !");
+  expect_field(1, Fan_Page::suction);  // the first that meets another
+  type_field(2, Fan_Page::suction, "3");
+  EXPECT_TRUE(check());
+  type_field(1, Fan_Page::suction, "3");
+  EXPECT_EQ(fault(), "Node is double booked with other Fan set !");
+}
+
+TEST_F(Check_Fans_Test, AFanAndAnIntakeCannotShareANodeWhicheverWasTypedLast) {
+  type_field(1, Fan_Page::suction, "1");
+  EXPECT_EQ(fault(), "Node is double booked with other Inlet set !");
+  expect_field(1, Fan_Page::suction);
+  open(Small_Mine());
+  type(Folder::inlet, 2, inlet_column::node, "6");
+  EXPECT_EQ(fault(), "Node is double booked with other Fan set !");
+  EXPECT_EQ(result.place->folder, Folder::inlet);
 }
 
 TEST_F(Check_Fans_Test, DischargeNodeFaults) {
@@ -131,6 +190,9 @@ TEST_F(Check_Fans_Test, DischargeNodeFaults) {
   EXPECT_EQ(with_discharge(""), "Enter the Discharge Node !");
   EXPECT_EQ(with_discharge("x"), not_numeric);
   EXPECT_EQ(with_discharge("7"),
+            "Nodal No. range =  1 - 6\n'Discharge Node' data is out of range.\n"
+            "Please reinput this data.");
+  EXPECT_EQ(with_discharge("0"),
             "Nodal No. range =  1 - 6\n'Discharge Node' data is out of range.\n"
             "Please reinput this data.");
   EXPECT_EQ(with_discharge("4"), "Can't set the flow direction node.\nChange the node No. !");
@@ -154,9 +216,27 @@ TEST_F(Check_Fans_Test, ASpeedThatCannotBeIsTakenBack) {
 }
 
 TEST_F(Check_Fans_Test, ARatioThatNoTableHoldsIsRefused) {
-  type_field(1, Fan_Page::std_rpm, "1e-30");
-  type_field(1, Fan_Page::drive_rpm, "1e30");
-  EXPECT_EQ(fault(), "Change the Driving revolution rate !");
+  for (const auto& [standard, driving] : {std::pair{"1e-30", "1e30"}, std::pair{"1e30", "1e-30"}}) {
+    open(Small_Mine());
+    type_field(1, Fan_Page::std_rpm, standard);
+    type_field(1, Fan_Page::drive_rpm, driving);
+    EXPECT_EQ(fault(), "Change the Driving revolution rate !");
+    expect_field(1, Fan_Page::drive_rpm);
+  }
+  open(Small_Mine());
+  type_field(1, Fan_Page::std_rpm, "1e15");
+  type_field(1, Fan_Page::drive_rpm, "1e-15");
+  EXPECT_TRUE(check());
+  EXPECT_GT(db.MFan_Ratio[1], 0);
+}
+
+TEST_F(Check_Fans_Test, AJustPositiveSpeedPasses) {
+  type_field(1, Fan_Page::std_rpm, "0.001");
+  type_field(1, Fan_Page::drive_rpm, "0.001");
+  EXPECT_TRUE(check());
+  EXPECT_EQ(db.MFan_StdRpm[1], 0.001F);
+  EXPECT_EQ(db.MFan_DriveRpm[1], 0.001F);
+  EXPECT_EQ(db.MFan_Ratio[1], 1);
 }
 
 TEST_F(Check_Fans_Test, LimitFlowHasItsRange) {
@@ -213,12 +293,39 @@ TEST_F(Check_Fans_Test, FourPointsAreTheFewest) {
   EXPECT_EQ(db.MFan_HQCount[1], 4);
 }
 
-TEST_F(Check_Fans_Test, RowsBeyondTwentyAreToldAndNotRead) {
-  copy.fan(1).grdMFan.insert_rows(21, 2);
-  cell(1, 22, fan_column::flow, "100");
-  EXPECT_TRUE(check());
+TEST_F(Check_Fans_Test, TwentyPointsAreTheMost) {
+  Text_Grid& table = copy.fan(1).grdMFan;
+  table.insert_rows(21, 2);
+  for (int k = 1; k <= 21; ++k) {
+    cell(1, k, fan_column::flow, std::to_string(100 * k));
+    cell(1, k, fan_column::head, std::to_string(200 - k));
+  }
+  EXPECT_EQ(fault(), Range_Text("Total Number", "Fan H-Q", "0", "20"));
+  EXPECT_EQ(*result.place,
+            (Edit_Place{.folder = Folder::mainfan, .row = 21, .col = fan_column::flow, .fan = 1}));
   EXPECT_EQ(db.MFan_HQCount[1], 5);
-  EXPECT_EQ(remark(), "Main Fan No.1: rows beyond 20 are not read");
+  EXPECT_EQ(table.text(21, fan_column::flow), "2100");
+  cell(1, 7, fan_column::flow, "");
+  cell(1, 7, fan_column::head, "");
+  EXPECT_TRUE(check());
+  EXPECT_EQ(db.MFan_HQCount[1], 20);
+  EXPECT_EQ(db.MFan_HQ_Flow(20, 1), 2100);
+  EXPECT_EQ(table.Rows(), 21);
+}
+
+TEST_F(Check_Fans_Test, APointBeyondTheTwentiethRowMovesUpWhereThereIsRoom) {
+  Text_Grid& table = copy.fan(1).grdMFan;
+  table.insert_rows(21, 5);
+  cell(1, 22, fan_column::flow, "19000");
+  EXPECT_EQ(fault(), Missing_Text("'Head' Column", "Main Fan H-Q"));
+  EXPECT_EQ(result.place->row, 20);
+  EXPECT_EQ(table.text(20, fan_column::flow), "19000");
+  EXPECT_EQ(table.text(20, fan_column::title), "No. 20");
+  cell(1, 20, fan_column::head, "1");
+  EXPECT_TRUE(check());
+  EXPECT_EQ(db.MFan_HQCount[1], 6);
+  EXPECT_EQ(db.MFan_HQ_Flow(6, 1), 19000);
+  EXPECT_EQ(db.MFan_GridFlow(20, 1), "19000");
 }
 
 TEST_F(Check_Fans_Test, TheTestsOfAFanComeInOrder) {

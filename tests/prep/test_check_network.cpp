@@ -77,12 +77,22 @@ TEST_F(Check_Test, ANodeRowWithoutDataIsTold) {
   EXPECT_EQ(*result.place, (Edit_Place{.folder = Folder::node, .row = 4, .col = node_column::ew}));
 }
 
-TEST_F(Check_Test, NodeRowsWithoutANumberAreLeftOut) {
+TEST_F(Check_Test, ANodeRowWithoutANumberStops) {
   copy.grdNode.insert_rows(copy.grdNode.Rows(), 2);
   copy.fit_pictures();
-  type(Folder::node, 7, node_column::elev, "55");
+  type(Folder::node, 1, node_column::elev, "12");
+  type(Folder::node, 8, node_column::elev, "55");
+  EXPECT_EQ(fault(), "Please input nodal data on row No.8");
+  EXPECT_EQ(remark(),
+            "Node Folder, row 8: nodes come from the airways; a row without a node number cannot "
+            "be used");
+  EXPECT_EQ(result.place->folder, Folder::node);
+  EXPECT_EQ(result.place->row, 8);
+  EXPECT_EQ(db.Node_Elev[1], 0);
+  EXPECT_EQ(copy.grdNode.text(8, node_column::elev), "55");
+  type(Folder::node, 8, node_column::elev, " ");  // blank rows are passed over
   EXPECT_TRUE(check());
-  EXPECT_EQ(remark(), "Node Folder, row 7: left out, without a node number");
+  EXPECT_EQ(db.Node_Elev[1], 12);
   EXPECT_EQ(copy.grdNode.Rows(), 7);
 }
 
@@ -118,15 +128,29 @@ TEST_F(Check_Test, AirwayValuesHaveTheirRules) {
   using namespace root_column;
   const std::vector<Typed> all = {{root_column::resist, "1E-7", resist},
                                   {root_column::resist, "1.1E-7", ""},
+                                  // In 32 bits it is 1E-7 itself.
+                                  {root_column::resist, "1.000000001E-7", resist},
+                                  {root_column::resist, "1.000001E-7", ""},
                                   {root_column::resist, "-1", resist},
                                   {root_column::resist, "1e39", not_numeric},
                                   {root_column::resist, "Resist.", not_numeric},
+                                  {root_column::area, "wide", not_numeric},
                                   {root_column::area, "0.001", ""},
                                   {root_column::area, "1000", ""},
                                   {root_column::area, "0.0009", area},
                                   {root_column::area, "1000.1", area},
                                   {root_column::peri, "0", peri},
+                                  {root_column::peri, "-11.8", peri},
+                                  {root_column::peri, "1e-50", peri},
+                                  {root_column::peri, "1e-30", ""},
                                   {root_column::peri, "0.001", ""},
+                                  {root_column::peri, "1,5", not_numeric},
+                                  {root_column::length, "-", not_numeric},
+                                  {root_column::time, "1 2", not_numeric},
+                                  {root_column::heat, "hot", not_numeric},
+                                  {root_column::wet, "1e39", not_numeric},
+                                  {root_column::fric, "A", not_numeric},
+                                  {root_column::height, "2.8m", not_numeric},
                                   {root_column::length, "1", ""},
                                   {root_column::length, "9999", ""},
                                   {root_column::length, "0.99", length},
@@ -141,15 +165,12 @@ TEST_F(Check_Test, AirwayValuesHaveTheirRules) {
                                   {root_column::wet, "100", ""},
                                   {root_column::wet, "-1", wet},
                                   {root_column::wet, "101", wet},
-                                  {root_column::kind, "0", ""},
-                                  {root_column::kind, "7", ""},
                                   {root_column::kind, "8", kind},
+                                  {root_column::kind, "-1", kind},
                                   {root_column::kind, "10", kind},
-                                  {root_column::wind, "c", ""},
                                   {root_column::wind, "D", wind},
                                   {root_column::fric, "0", ""},
                                   {root_column::fric, "-0.001", fric},
-                                  {root_column::shape, "r", ""},
                                   {root_column::shape, "X", shape},
                                   {root_column::height, "0", ""},
                                   {root_column::height, "-1", height}};
@@ -169,6 +190,23 @@ TEST_F(Check_Test, AirwayValuesHaveTheirRules) {
     EXPECT_TRUE(remark().starts_with("Airway Folder, row 5, '"));
     db.Edit_Root = before.Edit_Root;
     EXPECT_EQ(db, before);
+  }
+}
+
+TEST_F(Check_Test, EveryKindAndEveryLetterPassesInBothCases) {
+  const std::string kinds = "01234567";
+  const std::string winds = "AaBbCc";
+  const std::string shapes = "CcHhSsRr";
+  for (std::size_t k = 0; k < 8; ++k) {
+    const std::size_t w = k % winds.size();
+    type(Folder::airway, 5, root_column::kind, kinds.substr(k, 1));
+    type(Folder::airway, 5, root_column::wind, winds.substr(w, 1));
+    type(Folder::airway, 5, root_column::shape, shapes.substr(k, 1));
+    ASSERT_TRUE(check()) << k;
+    const int slot = Find_Slot(db, 4, 5);
+    EXPECT_EQ(db.Root_Kind(slot, 4), static_cast<int>(k));
+    EXPECT_EQ(db.Root_Wind(slot, 4), static_cast<int>(w / 2));
+    EXPECT_EQ(db.Root_Shape(slot, 4), static_cast<int>(k / 2));
   }
 }
 
@@ -217,12 +255,13 @@ TEST_F(Check_Test, ABlankAirwayRowIsPassedOver) {
   EXPECT_TRUE(user.remarks.empty());
 }
 
-TEST_F(Check_Test, ARowWithoutANameIsLeftOutAndTold) {
+TEST_F(Check_Test, ARowWithoutANameIsLeftOutAndToldAndStays) {
   type(Folder::airway, 7, root_column::area, "none");
   EXPECT_TRUE(check());
   EXPECT_EQ(remark(), "Airway Folder, row 7: left out, without an airway name");
-  EXPECT_EQ(copy.grdRoot.Rows(), 8);
-  EXPECT_TRUE(copy.grdRoot.is_blank(7));
+  ASSERT_EQ(copy.grdRoot.Rows(), 9);
+  EXPECT_EQ(copy.grdRoot.text(7, root_column::area), "none");
+  EXPECT_TRUE(copy.grdRoot.is_blank(8));
 }
 
 }  // namespace

@@ -66,6 +66,16 @@ TEST_F(Check_Inlets_Test, AWrongEntryStops) {
   }
 }
 
+TEST_F(Check_Inlets_Test, TheLastNodeOfTheLargestMineIsTaken) {
+  open(Make_Mine({.nodes = max_nodes, .inlets = 1, .fans = 1, .extra = 1}));
+  if (db.MFan_Suction[1] == max_nodes) type_field(1, Fan_Page::suction, "549");
+  ASSERT_NE(db.Inlet_Node[1], max_nodes);
+  node(2, "550");
+  EXPECT_TRUE(check()) << user.shown.front().text;
+  EXPECT_EQ(db.Inlet_Node[2], 550);
+  EXPECT_EQ(db.Node_Type[550], 1);
+}
+
 TEST_F(Check_Inlets_Test, ARowWithoutItsNodeStops) {
   type(Folder::inlet, 3, inlet_column::comment, "where?");
   EXPECT_EQ(fault(), "Input data on Intake Set Node in Intake Data is Wrong!");
@@ -165,6 +175,9 @@ TEST_F(Check_Assist_Test, FaultsAreTold) {
   EXPECT_EQ(fault_of({"2", "2", "30", "900"}),
             "The airway 2 -> 2 in Assist Fan Folder is Not Existing!");
   EXPECT_EQ(fault_of({"2", "4", "x", "900"}), not_numeric);
+  EXPECT_EQ(remark(), "Assist Fan Folder, row 2, 'Head' Column");
+  EXPECT_EQ(fault_of({"2", "4", "30", "much"}), not_numeric);
+  EXPECT_EQ(remark(), "Assist Fan Folder, row 2, 'Flow' Column");
   EXPECT_EQ(fault_of({"2", "4", "700.1", "900"}), Range_Text("'Head' Column", folder, "0", "700"));
   EXPECT_EQ(fault_of({"2", "4", "-1", "900"}), Range_Text("'Head' Column", folder, "0", "700"));
   EXPECT_EQ(fault_of({"2", "4", "30", "0.9"}), Range_Text("'Flow' Column", folder, "1", "10000"));
@@ -180,8 +193,11 @@ TEST_F(Check_Assist_Test, ANodeWithoutAirwaysDoesNotExist) {
 TEST_F(Check_Assist_Test, TheBoundsPass) {
   row(1, {"2", "4", "0", "1"});
   row(2, {"3", "2", "700", "10000"});
+  row(3, {"6", "5", "10", "100"});  // the last node
+  row(4, {"5", "6", "10", "100"});
+  ASSERT_EQ(db.Node_Total, 6);
   EXPECT_TRUE(check());
-  EXPECT_EQ(db.AFan_Total, 2);
+  EXPECT_EQ(db.AFan_Total, 4);
 }
 
 TEST_F(Check_Assist_Test, TwentyAreTheMost) {
@@ -267,6 +283,12 @@ TEST_F(Check_Thermal_Test, FaultsAreTold) {
   EXPECT_EQ(fault_of({"2", "4", "1", "1000", "1", "-20.1"}), rock);
   EXPECT_EQ(fault_of({"2", "4", "1", "1000", "1", "100.1"}), rock);
   EXPECT_EQ(fault_of({"2", "4", "1", "1000", "1", "hot"}), not_numeric);
+  EXPECT_EQ(fault_of({"2", "4", "x", "1000", "1", "20"}), not_numeric);
+  EXPECT_EQ(remark(), "Thermal Folder, row 5, 'Thermal Conductivity' Column");
+  EXPECT_EQ(fault_of({"2", "4", "1", "x", "1", "20"}), not_numeric);
+  EXPECT_EQ(remark(), "Thermal Folder, row 5, 'Rock Density' Column");
+  EXPECT_EQ(fault_of({"2", "4", "1", "1000", "1,2", "20"}), not_numeric);
+  EXPECT_EQ(remark(), "Thermal Folder, row 5, 'Specific Heat' Column");
 }
 
 TEST_F(Check_Thermal_Test, ANodeWithoutAirwaysDoesNotExist) {
@@ -278,8 +300,11 @@ TEST_F(Check_Thermal_Test, ANodeWithoutAirwaysDoesNotExist) {
 TEST_F(Check_Thermal_Test, TheBoundsPass) {
   row(1, {"2", "4", "0.2", "800", "0.1", "-20"});
   row(2, {"2", "3", "15", "7000", "4", "100"});
+  row(3, {"6", "5", "0", "0", "0", "20"});  // the last node
+  row(4, {"5", "6", "0", "0", "0", "20"});
+  ASSERT_EQ(db.Node_Total, 6);
   EXPECT_TRUE(check());
-  EXPECT_EQ(db.Thermo_Total, 2);
+  EXPECT_EQ(db.Thermo_Total, 4);
 }
 
 TEST_F(Check_Thermal_Test, FiftyAreTheMost) {

@@ -279,6 +279,22 @@ TEST(Fill_Database_Window, A_Folder_Filled_Anew_Keeps_The_Current_Cell) {
 }
 
 // Texts of the grids say what the tables hold, as exactly as their pictures can.
+TEST(Fill_Database_Window, Shows_Another_Mine_As_Its_Tables_Are) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  mine.type(Folder::airway, 1, root_column::area, "20.25");
+  Database other = mine.db;
+  other.Root_Area(1, 1) = 20.25F;
+  Edit_Copy single = mine.copy;
+  Fill_Airways(other, single);  // the digits that stand there are not lost
+  EXPECT_EQ(single.grdRoot.text(1, root_column::area), "20.25");
+  other.Root_Area(1, 1) = 20.2500019F;
+  Fill_Airways(other, single);
+  EXPECT_EQ(single.grdRoot.text(1, root_column::area), "20.3");
+  other.Root_Area(1, 1) = 20.25F;
+  Fill_Database_Window(other, mine.copy);
+  EXPECT_EQ(mine.copy.grdRoot.text(1, root_column::area), "20.3");
+}
+
 TEST(Fill_Database_Window, Demo_Mines_Can_Be_Read_Back) {
   for (const char* const name : {"mine-a", "mine-c"}) {
     const Edit_Mine mine(Demo_Mine(name));

@@ -18,7 +18,7 @@ TEST(Fan_Fields, Both_Sides_Of_Each_Bound) {
   for (const auto& [field, right, wrong] :
        {Case{Fan_Page::suction, {"1", "550", " 7 ", ""}, {"0", "551", "1.5", "-1", "x", "3 4"}},
         Case{Fan_Page::discharge, {"1", "550", ""}, {"0", "551", "2.1", "a1"}},
-        Case{Fan_Page::std_rpm, {"0.1", "9999", ""}, {"0", "-1", "fast"}},
+        Case{Fan_Page::std_rpm, {"0.1", "9999", ""}, {"0", "-1", "1e-60", "fast"}},
         Case{Fan_Page::drive_rpm, {"0.1", "9999", "  "}, {"0", "-0.1", "1,5"}},
         Case{Fan_Page::limit_flow, {"0", "20000", ""}, {"-0.1", "20000.1", "much"}},
         Case{Fan_Page::comment, {"", "anything", "-1"}, {}}}) {

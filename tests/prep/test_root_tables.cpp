@@ -126,6 +126,8 @@ TEST_F(Root_Tables, ARowWithoutItsNodeIsDropped) {
     EXPECT_TRUE(check());
     EXPECT_EQ(remark(), "Airway Folder, row 7: left out, without an airway name");
     EXPECT_EQ(db.Node_JuncCount[3], 2);
+    EXPECT_EQ(copy.grdRoot.text(7, root_column::name), "3 -> 0");
+    EXPECT_EQ(copy.grdRoot.Rows(), 9);
     const bool is_number = answer && (*answer == "0" || *answer == "-4");
     EXPECT_EQ(user.showed(not_numeric), answer.has_value() && !is_number);
   }
