@@ -1,4 +1,5 @@
-// Where the keyboard is after a command has closed the editor of a grid.
+// The grids in the program's window: where the keyboard is after a command has closed the editor.
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -81,6 +82,15 @@ TEST_F(Grid_Focus, Stays_At_The_Tabs_While_They_Are_Turned) {
     EXPECT_TRUE(tabs()->tabBar()->hasFocus());
   }
   EXPECT_EQ(tabs()->currentIndex(), 4);
+}
+
+TEST_F(Grid_Focus, All_Columns_Of_The_Airways_Are_In_View_In_A_Window_Of_The_First_Size) {
+  tabs()->setCurrentIndex(1);
+  root_->rows().grid().insert_rows(2, 60);
+  root_->refresh();
+  QCoreApplication::processEvents();
+  EXPECT_GT(root_->verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(root_->horizontalScrollBar()->maximum(), 0);
 }
 
 }  // namespace
