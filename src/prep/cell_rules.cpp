@@ -49,6 +49,17 @@ constexpr Number_Rule thermo_rules[] = {
 constexpr std::array<std::string_view, root_column::height + 1> blanks = {
     "", "1.43", "10.", "11.8", "100.", "0.3", "0.", "1.0", "1", "A", "0.001213", "H", "2.8"};
 
+// No number and no name of an airway is longer. A longer text, as of a whole file that was pasted
+// into one cell, is refused unread.
+constexpr std::size_t longest_entry = 100;
+
+bool Is_Too_Long(std::string_view text) { return Trim(text).size() > longest_entry; }
+
+double Entered_Number(std::string_view text) {
+  if (Is_Too_Long(text)) throw Run_Time_Error("too long for a number");
+  return Parse_Double(text);
+}
+
 bool Is_One_Of(std::string_view letters, std::string_view text) {
   text = Trim(text);
   return text.size() == 1 && letters.find(text) != std::string_view::npos;
@@ -73,7 +84,7 @@ std::optional<Message> List_Fault(int col, std::string_view text) {
 // A node number of its own; whether there is such a node is not asked here.
 std::optional<Message> Node_Fault(std::string_view text) {
   try {
-    const double number = Parse_Double(text);
+    const double number = Entered_Number(text);
     if (number >= 1 && number <= max_nodes && number == Int(number)) return std::nullopt;
     return messages::Node_Out_Of_Range(max_nodes, "Node No.");
   } catch (const Run_Time_Error&) {
@@ -82,6 +93,7 @@ std::optional<Message> Node_Fault(std::string_view text) {
 }
 
 std::optional<Message> Name_Fault(std::string_view text) {
+  if (Is_Too_Long(text)) return messages::Airway_Undefined();
   if (!Is_Airway_Name(text)) return std::nullopt;
   const std::optional<Airway_Nodes> nodes = Get_Row_Nodes(text);
   if (!nodes) return messages::Airway_Undefined();
@@ -96,7 +108,7 @@ std::optional<Message> Name_Fault(std::string_view text) {
 // A speed of a main fan; `which` is its word in the message.
 std::optional<Message> Revolution_Fault(std::string_view which, std::string_view text) {
   try {
-    if (Parse_Single(text) > 0) return std::nullopt;
+    if (To_Single(Entered_Number(text)) > 0) return std::nullopt;
     return messages::Change_Revolution(which);
   } catch (const Run_Time_Error&) {
     return messages::Not_Numeric();
@@ -126,7 +138,7 @@ std::optional<Message> Number_Fault(const Number_Rule& rule, std::string_view te
   double value = 0;
   float stored = 0;  // as its table holds it
   try {
-    value = Parse_Double(text);
+    value = Entered_Number(text);
     stored = To_Single(value);
   } catch (const Run_Time_Error&) {
     return messages::Not_Numeric();

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <algorithm>
 
 #include "core/messages.h"
@@ -69,6 +70,8 @@ MDIData& BRANOK60::database_window() {
   });
   connect(data_, &MDIData::edited, this, &BRANOK60::data_edited);
   connect(data_, &MDIData::typed, this, &BRANOK60::show_command_state);
+  connect(data_, &MDIData::context_menu, this,
+          [this](const QPoint& place) { findChild<QMenu*>("mnuEditCom")->popup(place); });
   connect(data_, &MDIData::target_changed, this, &BRANOK60::show_command_state);
   QMdiSubWindow* const frame = area_->addSubWindow(data_);
   frame->setAttribute(Qt::WA_DeleteOnClose);

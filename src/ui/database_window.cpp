@@ -74,6 +74,8 @@ MDIData::MDIData(Database& db, Edit_Copy& copy, Edit_History& history, QWidget* 
   make_page_keys();
   connect(tabData, &QTabWidget::currentChanged, this, &MDIData::page_turned);
   connect(qApp, &QApplication::focusChanged, this, &MDIData::tell_target);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { note_focus(now); });
 }
 
 // Pages that go one by one are no turn of page.
@@ -152,6 +154,7 @@ QWidget* MDIData::make_folder_page(Folder folder, const char* grid_name) {
   connect(page.grid, &Edit_Grid::edited, this, &MDIData::note_act);
   connect(page.grid, &Edit_Grid::keystroke, this, &MDIData::typed);
   connect(page.grid, &Edit_Grid::editor_focus, this, &MDIData::tell_target);
+  connect(page.grid, &Edit_Grid::context_menu, this, &MDIData::context_menu);
   connect(page.grid, &Edit_Grid::current_changed, this, [this, folder] { show_pictures(folder); });
   rows->addWidget(page.grid);
   if (Picture_Column(folder) == 0) return widget;
@@ -174,6 +177,7 @@ QWidget* MDIData::make_fan_page() {
   connect(fan_page_, &Fan_Page_View::edited, this, &MDIData::note_act);
   connect(fan_page_, &Fan_Page_View::command, this, &MDIData::command);
   connect(fan_page_->grid(), &Edit_Grid::editor_focus, this, &MDIData::tell_target);
+  connect(fan_page_->grid(), &Edit_Grid::context_menu, this, &MDIData::context_menu);
   return fan_page_;
 }
 
@@ -206,9 +210,16 @@ void MDIData::make_page_keys() {
 // The keyboard goes to the page, unless it is at the tabs to turn on, or in another window.
 void MDIData::page_turned() {
   finish_typing();
+  page_shown_ = tabData->currentIndex();
   const bool here = isAncestorOf(QApplication::focusWidget());
-  if (here && !tabData->tabBar()->hasFocus()) first_field()->setFocus();
+  if (here && !at_tabs_) first_field()->setFocus();
   tell_target();
+}
+
+// A page that is hidden may leave the keyboard to the tabs: while it is turned that does not count.
+void MDIData::note_focus(const QWidget* now) {
+  const QTabBar* const tabs = tabData->tabBar();
+  if (tabs->currentIndex() == page_shown_) at_tabs_ = now == tabs;
 }
 
 void MDIData::showEvent(QShowEvent* event) {

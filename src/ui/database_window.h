@@ -70,6 +70,8 @@ class MDIData : public QWidget {
   void edited();
   /// A command of the main window.
   void command(const QString& name);
+  /// The user asks for the menu of what is selected in a grid, at a place of the screen.
+  void context_menu(const QPoint& global);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -87,6 +89,7 @@ class MDIData : public QWidget {
   void make_pictures(Folder folder, Folder_Page& page);
   void make_page_keys();
   void page_turned();
+  void note_focus(const QWidget* now);
   void tell_target();
   void note_act();
   void show_mine();
@@ -106,6 +109,8 @@ class MDIData : public QWidget {
   std::string target_;           // as it was told last
   std::size_t picture_row_ = 0;  // whose picture names are listed
   bool shown_before_ = false;
+  int page_shown_ = 0;
+  bool at_tabs_ = false;  // the keyboard, before a page is turned
 };
 
 }  // namespace branok

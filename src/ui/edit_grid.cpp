@@ -16,7 +16,8 @@ namespace branok {
 
 namespace {
 
-constexpr int text_margin = 4;  // pixels between the editor's edge and its text
+constexpr int text_margin = 4;          // pixels between the editor's edge and its text
+constexpr int longest_measured = 1000;  // characters; no window is as wide
 constexpr Qt::KeyboardModifiers no_text = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 bool Is_Printable(const QKeyEvent& event) {
@@ -51,6 +52,7 @@ Edit_Grid::Edit_Grid(Database& db, Edit_Copy& copy, Folder folder, QWidget* pare
   rows().set_look([this](int row, int col, int role) { return look(row, col, role); });
   setTabKeyNavigation(true);
   make_editor();
+  make_header_menus();
   apply_options();
   fit_columns();
 }
@@ -179,18 +181,36 @@ void Edit_Grid::open_editor(const std::optional<QString>& typed) {
   if (editing_ || !at.isValid()) return;
   scrollTo(at, EnsureVisible);
   cell_ = QPoint(at.column(), at.row());
-  // A cleared comment is a row of blanks: nothing that one would type behind.
-  text_before_ = at.data().toString();
-  if (text_before_.trimmed().isEmpty()) text_before_.clear();
   editing_ = true;
   typed_ = false;
   const int alignment = at.data(Qt::TextAlignmentRole).toInt();
   editor_->setAlignment(static_cast<Qt::Alignment>(alignment));
-  editor_->setText(typed.value_or(text_before_));
+  take_cell_text(at, typed);
   show_doubt(editor_->text());
   place_editor();
   editor_->show();
   if (typed) note_keystroke();
+}
+
+// What was typed stands over the cell's text, so that an undo leads back to it. A text that is
+// longer than the editor can hold is only shown, or its rest would be lost, and what is typed
+// replaces it.
+void Edit_Grid::take_cell_text(const QModelIndex& at, const std::optional<QString>& typed) {
+  const std::string& text = rows().grid().text(at.row() + Text_Grid::FixedRows, at.column());
+  const bool fits = text.size() <= static_cast<std::size_t>(editor_->maxLength());
+  QString before = fits ? To_Qt(text) : at.data().toString();
+  // A cleared comment is a row of blanks: nothing that one would type behind.
+  if (before.trimmed().isEmpty()) before.clear();
+  editor_->setReadOnly(!fits && !typed);
+  editor_->setText(before);
+  text_before_ = editor_->text();
+  if (!typed) return;
+  if (fits) {
+    editor_->selectAll();
+    editor_->insert(*typed);
+  } else {
+    editor_->setText(*typed);
+  }
 }
 
 bool Edit_Grid::commit_editor() {
@@ -214,14 +234,19 @@ void Edit_Grid::discard_editor() {
   if (editing_) close_editor();
 }
 
-// The keyboard goes to the grid before the editor hides, or it would go to the next field.
+// The keyboard goes to the grid before the editor hides, or it would go to the next field; so it
+// does when another window has it and this one would give it back to the editor. A page that is
+// hidden, or left for another field, forgets the editor.
 void Edit_Grid::close_editor() {
   editing_ = false;
-  if (editor_->hasFocus()) setFocus();
+  if (window()->focusWidget() == editor_ && isVisibleTo(window())) setFocus();
+  editor_->clearFocus();
   editor_->hide();
 }
 
+// The cell may have been scrolled out of view since the editor was opened.
 void Edit_Grid::note_keystroke() {
+  scrollTo(model()->index(cell_.y(), cell_.x()), EnsureVisible);
   Edit_Flag(db_, folder_) = 1;
   if (!typed_) emit keystroke();
   typed_ = true;
@@ -235,15 +260,17 @@ void Edit_Grid::show_doubt(const QString& text) {
       QString("QLineEdit { border: 1px solid palette(highlight); padding: 0; background: %1; }")
           .arg(base.name());
   if (editor_->styleSheet() != look) editor_->setStyleSheet(look);
-  editor_->setToolTip(fault ? To_Qt(fault->text) : QString());
+  editor_->setToolTip(fault                   ? To_Qt(fault->text)
+                      : editor_->isReadOnly() ? QString("Too long to be edited here")
+                                              : QString());
 }
 
 // Over its cell, to the right as far as the text needs it; never over the frozen titles.
 void Edit_Grid::place_editor() {
   if (!editing_) return;
   QRect rect = visualRect(model()->index(cell_.y(), cell_.x()));
-  const int needed =
-      editor_->fontMetrics().horizontalAdvance(editor_->text() + "00") + 2 * text_margin;
+  const QString text = editor_->text().left(longest_measured) + "00";
+  const int needed = editor_->fontMetrics().horizontalAdvance(text) + 2 * text_margin;
   const int room = viewport()->width() - rect.left();
   rect.setWidth(std::max(rect.width(), std::min(needed, room)));
   if (cell_.x() >= Text_Grid::FixedCols) rect.setLeft(std::max(rect.left(), frozen_width()));
@@ -376,6 +403,40 @@ void Edit_Grid::mouseDoubleClickEvent(QMouseEvent* event) {
   }
 }
 
+// Outside of what is selected the menu is for the cell under the mouse. Asked for with a key it
+// opens below the current cell.
+void Edit_Grid::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    commit_editor();
+    const QModelIndex at = currentIndex();
+    if (at.isValid()) scrollTo(at, EnsureVisible);
+    const QPoint below = visualRect(at).bottomLeft() + QPoint(text_margin, 1);
+    return emit context_menu(viewport()->mapToGlobal(at.isValid() ? below : QPoint()));
+  }
+  const QModelIndex at = indexAt(event->pos());
+  if (at.isValid() && !selectionModel()->isSelected(at)) make_current(at);
+  emit context_menu(event->globalPos());
+}
+
+// The titles and headings have the same menu, for their row or column.
+void Edit_Grid::make_header_menus() {
+  for (QHeaderView* const header : {verticalHeader(), horizontalHeader()}) {
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QWidget::customContextMenuRequested, this, [this, header](QPoint at) {
+      setFocus();
+      if (header == verticalHeader()) {
+        const int row = rowAt(at.y());
+        if (row >= 0 && !selectionModel()->isRowSelected(row)) selectRow(row);
+      } else {
+        const int col = at.x() < frozen_width() ? 0 : columnAt(at.x());
+        if (col >= 0 && !selectionModel()->isColumnSelected(col)) selectColumn(col);
+      }
+      emit context_menu(header->viewport()->mapToGlobal(at));
+    });
+  }
+}
+
 // A character may be composed of several keys. The composition is shown in the editor while the
 // keyboard stays with the grid: to take it away would break the composition off.
 void Edit_Grid::inputMethodEvent(QInputMethodEvent* event) {
@@ -387,6 +448,13 @@ void Edit_Grid::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 // --- Focus, place and selection
+
+void Edit_Grid::changeEvent(QEvent* event) {
+  Frozen_Grid_View::changeEvent(event);
+  if (event->type() != QEvent::FontChange || editor_ == nullptr) return;
+  editor_->setFont(font());
+  place_editor();
+}
 
 void Edit_Grid::focusInEvent(QFocusEvent* event) {
   Frozen_Grid_View::focusInEvent(event);

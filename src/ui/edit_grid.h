@@ -63,10 +63,14 @@ class Edit_Grid : public Frozen_Grid_View {
   void current_changed(int row);
   /// The editor has got or lost the keyboard.
   void editor_focus(bool in);
+  /// The user asks for the menu of what is selected, at a place of the screen.
+  void context_menu(const QPoint& global);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -80,7 +84,9 @@ class Edit_Grid : public Frozen_Grid_View {
  private:
   void set_up_columns();
   void make_editor();
+  void make_header_menus();
   void open_editor(const std::optional<QString>& typed);
+  void take_cell_text(const QModelIndex& at, const std::optional<QString>& typed);
   bool Editor_Key(int key);
   void place_editor();
   void show_doubt(const QString& text);

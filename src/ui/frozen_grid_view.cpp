@@ -126,10 +126,8 @@ void Frozen_Grid_View::scrollTo(const QModelIndex& index, ScrollHint hint) {
   }
 }
 
-void Frozen_Grid_View::paintEvent(QPaintEvent* event) {
-  Grid_View::paintEvent(event);
+void Frozen_Grid_View::paint_frozen(QPainter& painter) {
   if (!covers_columns() || model()->rowCount() == 0) return;
-  QPainter painter(viewport());
   const int below = rowAt(viewport()->height() - 1);
   const int last = below < 0 ? model()->rowCount() - 1 : below;
   for (int row = rowAt(0); row <= last; ++row) paint_title(painter, row);

@@ -19,8 +19,7 @@ class Frozen_Grid_View : public Grid_View {
   /// Shows the titles as cells of the first column and numbers the rows.
   void freeze_titles();
 
-  /// The part of the view, from its left edge, that other columns cannot be seen in.
-  [[nodiscard]] int frozen_width() const;
+  [[nodiscard]] int frozen_width() const override;
 
   [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
   [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
@@ -32,7 +31,7 @@ class Frozen_Grid_View : public Grid_View {
   /// What the selection takes with a cell: its row, its column or nothing.
   [[nodiscard]] QItemSelectionModel::SelectionFlags selection_width() const;
 
-  void paintEvent(QPaintEvent* event) override;
+  void paint_frozen(QPainter& painter) override;
   void scrollContentsBy(int dx, int dy) override;
   void selectionChanged(const QItemSelection& now, const QItemSelection& before) override;
   void currentChanged(const QModelIndex& now, const QModelIndex& before) override;

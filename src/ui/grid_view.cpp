@@ -19,6 +19,20 @@ namespace {
 constexpr int cell_margin = 6;      // pixels at either side of a text
 constexpr int longest_column = 40;  // characters; longer comments are cut with dots
 constexpr int title_column = 0;
+constexpr int frame_width = 2;  // of the current cell
+
+// The frame of the current cell: seen on the cells that are selected and on those that are not.
+QColor Frame_Color(const QPalette& palette, bool selected) {
+  constexpr int least_contrast = 48;  // of 255
+  const QColor text = palette.color(QPalette::Text);
+  const QColor highlight = palette.color(QPalette::Highlight);
+  const bool is_seen = std::abs(qGray(text.rgb()) - qGray(highlight.rgb())) >= least_contrast;
+  return !selected || is_seen ? text : palette.color(QPalette::HighlightedText);
+}
+
+QColor Between(const QColor& a, const QColor& b) {
+  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
+}
 
 // Row titles have one height: all of a title selects its row, its edges too.
 class Without_Grips : public QProxyStyle {
@@ -146,6 +160,31 @@ void Grid_View::fit_columns() {
   const int line = horizontalHeader()->fontMetrics().lineSpacing();
   horizontalHeader()->setFixedHeight(2 * line + 2 * cell_margin);
   fitting_ = false;
+  make_texts_give_way();
+}
+
+// Columns of texts become narrower, down to their headings, where all columns are in view by that.
+void Grid_View::make_texts_give_way() {
+  std::vector<int> columns;
+  for (const int col : model_.text_columns()) {
+    if (!dragged_.contains(col)) columns.push_back(col);
+  }
+  const auto slack = [this](int col) { return text_width(col) - heading_width(col); };
+  int missing = horizontalHeader()->length() - viewport()->width();
+  int room = 0;
+  for (const int col : columns) {
+    missing += text_width(col) - columnWidth(col);
+    room += slack(col);
+  }
+  if (missing > room) missing = 0;
+  fitting_ = true;
+  for (const int col : columns) {
+    const int part = missing > 0 ? missing * slack(col) / room : 0;
+    setColumnWidth(col, text_width(col) - part);
+    missing -= part;
+    room -= slack(col);
+  }
+  fitting_ = false;
 }
 
 int Grid_View::least_characters(int /*col*/) const { return 0; }
@@ -155,6 +194,7 @@ void Grid_View::widen_column(int col) {
   fitting_ = true;
   setColumnWidth(col, std::max(columnWidth(col), text_width(col)));
   fitting_ = false;
+  make_texts_give_way();
 }
 
 // Room for the longest text of a column, counted in digits, and for its heading.
@@ -165,11 +205,16 @@ int Grid_View::text_width(int col) const {
   for (int row = Text_Grid::FixedRows; row < grid.Rows(); ++row) {
     longest = std::max(longest, grid.text(row, col).size());
   }
-  int width = digit * static_cast<int>(std::min<std::size_t>(longest, longest_column) + 1);
-  for (const QString& line : To_Qt(grid.text(0, col)).split('\r')) {
-    width = std::max(width, horizontalHeader()->fontMetrics().horizontalAdvance(line) + digit);
+  const int width = digit * static_cast<int>(std::min<std::size_t>(longest, longest_column) + 1);
+  return std::max(width + 2 * cell_margin, heading_width(col));
+}
+
+int Grid_View::heading_width(int col) const {
+  int width = 0;
+  for (const QString& line : To_Qt(model_.grid().text(0, col)).split('\r')) {
+    width = std::max(width, horizontalHeader()->fontMetrics().horizontalAdvance(line));
   }
-  return width + 2 * cell_margin;
+  return width + fontMetrics().horizontalAdvance('0') + 2 * cell_margin;
 }
 
 void Grid_View::focusInEvent(QFocusEvent* event) {
@@ -184,11 +229,40 @@ void Grid_View::focusInEvent(QFocusEvent* event) {
 
 void Grid_View::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
-  if (empty_text_.isEmpty() || !is_empty()) return;
   QPainter painter(viewport());
+  paint_empty_text(painter);
+  paint_frozen(painter);
+  paint_current_cell(painter);
+}
+
+void Grid_View::paint_frozen(QPainter& /*painter*/) {}
+
+void Grid_View::paint_empty_text(QPainter& painter) {
+  if (empty_text_.isEmpty() || !is_empty()) return;
   painter.setPen(palette().color(QPalette::PlaceholderText));
   painter.drawText(viewport()->rect().adjusted(24, 24, -24, -24),
                    Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
+}
+
+// Of a selected block it shows where typing goes; weaker while the keyboard is elsewhere.
+void Grid_View::paint_current_cell(QPainter& painter) {
+  const QModelIndex at = currentIndex();
+  if (!at.isValid()) return;
+  const QRect cell = visualRect(at);
+  const int covered = at.column() == title_column ? 0 : frozen_width();
+  const bool selected = selectionModel()->isSelected(at);
+  const QColor strong = Frame_Color(palette(), selected);
+  const QColor ground = palette().color(selected ? QPalette::Highlight : QPalette::Base);
+  painter.setClipRect(viewport()->rect().adjusted(covered, 0, 0, 0));
+  const QColor color = hasFocus() ? strong : Between(strong, ground);
+  const QRect inside = cell.adjusted(frame_width, frame_width, -frame_width, -frame_width);
+  for (const QRect& side : QRegion(cell) - QRegion(inside)) painter.fillRect(side, color);
+}
+
+// The scroll bars take room or give it back.
+void Grid_View::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  make_texts_give_way();
 }
 
 void Grid_View::keyPressEvent(QKeyEvent* event) {

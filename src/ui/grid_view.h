@@ -54,16 +54,25 @@ class Grid_View : public QTableView {
   [[nodiscard]] virtual int least_characters(int col) const;
   /// Makes a column wide enough for its texts, unless the user has dragged it.
   void widen_column(int col);
+  /// The part of the view, from its left edge, that other columns pass under.
+  [[nodiscard]] virtual int frozen_width() const { return 0; }
+  /// Draws what stays in view while columns pass under it.
+  virtual void paint_frozen(QPainter& painter);
 
   void focusInEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void paint_corner();
+  void paint_empty_text(QPainter& painter);
+  void paint_current_cell(QPainter& painter);
+  void make_texts_give_way();
   [[nodiscard]] int text_width(int col) const;
+  [[nodiscard]] int heading_width(int col) const;
 
   Text_Grid_Model model_;
   int shown_rows_ = 0;

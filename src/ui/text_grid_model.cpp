@@ -8,6 +8,25 @@ namespace branok {
 
 namespace {
 
+constexpr std::size_t longest_shown = 1000;  // characters; no column is as wide
+
+// The start of a text, as far as a cell shows it: a cell may hold a whole file, and it is drawn and
+// measured all the time.
+QString Shown(std::string_view text) {
+  constexpr std::size_t longest_character = 4;  // bytes
+  std::size_t end = std::min(text.size(), longest_shown * longest_character);
+  const auto continues = [&](std::size_t at) {
+    return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+  };
+  // Not in the midst of a character, or all would be taken for another encoding.
+  for (std::size_t k = 1; k < longest_character && end < text.size() && continues(end); ++k) --end;
+  QString shown = To_Qt(text.substr(0, end));
+  if (shown.size() <= static_cast<qsizetype>(longest_shown)) return shown;
+  shown.truncate(longest_shown);
+  if (shown.back().isHighSurrogate()) shown.chop(1);
+  return shown;
+}
+
 int Data_Rows(const Text_Grid& grid) { return grid.Rows() - Text_Grid::FixedRows; }
 
 }  // namespace
@@ -49,7 +68,7 @@ QVariant Text_Grid_Model::data(const QModelIndex& index, int role) const {
   const int row = index.row() + Text_Grid::FixedRows;
   // Between a change of the grid and the word of it a view may still ask for rows that have gone.
   if (row >= grid_->Rows()) return {};
-  if (role == Qt::DisplayRole) return To_Qt(grid_->text(row, index.column()));
+  if (role == Qt::DisplayRole) return Shown(grid_->text(row, index.column()));
   if (role == Qt::TextAlignmentRole) {
     return QVariant::fromValue(Qt::AlignVCenter | alignment(index.column()));
   }

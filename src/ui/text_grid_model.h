@@ -31,12 +31,14 @@ class Text_Grid_Model : public QAbstractTableModel {
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  /// Of a long text its first 1000 characters.
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
 
   /// Columns of text (comments, names); the others hold numbers and stand at the right.
   void set_text_columns(std::vector<int> columns) { text_columns_ = std::move(columns); }
+  [[nodiscard]] const std::vector<int>& text_columns() const { return text_columns_; }
   /// Columns of single letters, which stand in the middle.
   void set_letter_columns(std::vector<int> columns) { letter_columns_ = std::move(columns); }
 

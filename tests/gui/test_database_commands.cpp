@@ -1,5 +1,6 @@
 // The Database and Edit menus in the program's window: from typing to the analysis.
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -267,6 +268,27 @@ TEST_F(Database_Commands, The_Chosen_Font_Is_That_Of_The_Whole_Window) {
   for (const char* const name : {"grdRoot", "grdMFan", "txtMine", "txtData1", "lblTitle1"}) {
     EXPECT_EQ(control<QWidget>(name)->font().pointSize(), 15) << name;
   }
+}
+
+TEST_F(Database_Commands, A_Window_That_Comes_Back_Has_The_Keyboard_Where_It_Was) {
+  give("mnuFileComNew");
+  at(airways, "grdRoot", 3, 4);
+  give("mnuWinSelCom1");
+  give("mnuWinSelCom0");
+  EXPECT_TRUE(grid("grdRoot")->hasFocus());
+  EXPECT_EQ(grid("grdRoot")->currentIndex().row(), 2);
+  QTest::keyClick(QApplication::focusWidget(), '7');
+  EXPECT_EQ(grid("grdRoot")->editor()->text(), "7");
+}
+
+TEST_F(Database_Commands, The_Edit_Menu_Comes_Up_Beside_A_Cell) {
+  give("mnuFileComNew");
+  at(airways, "grdRoot", 3, 4);
+  QMenu* const menu = window_->findChild<QMenu*>("mnuEditCom");
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
+  QApplication::sendEvent(grid("grdRoot")->viewport(), &event);
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
 }
 
 TEST_F(Database_Commands, A_Typed_Name_Does_Not_Go_Unasked) {

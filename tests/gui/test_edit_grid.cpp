@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QScrollBar>
@@ -193,6 +194,23 @@ TEST_F(Edit_Grid_Test, Losing_The_Keyboard_Commits) {
   EXPECT_EQ(current(), Place(4, root_column::heat));
 }
 
+TEST_F(Edit_Grid_Test, An_Editor_Closed_Behind_Another_Window_Leaves_The_Keyboard_To_The_Grid) {
+  show(Folder::airway);
+  view->show_cell(1, root_column::time);
+  type("8");
+  QWidget second;
+  second.setFocusPolicy(Qt::StrongFocus);
+  second.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&second));
+  QApplication::setActiveWindow(&second);
+  second.setFocus();
+  ASSERT_TRUE(view->commit_editor());
+  EXPECT_TRUE(second.hasFocus());
+  QApplication::setActiveWindow(window.get());
+  EXPECT_TRUE(view->hasFocus());
+  EXPECT_EQ(current(), Place(1, root_column::time));
+}
+
 TEST_F(Edit_Grid_Test, A_Menu_And_Another_Window_Do_Not_Commit) {
   show(Folder::airway);
   view->show_cell(1, root_column::time);
@@ -338,6 +356,90 @@ TEST_F(Edit_Grid_Test, A_Doubtful_Text_Is_Tinted_While_It_Is_Typed) {
   QTest::keyClick(view->editor(), Qt::Key_Backspace);
   EXPECT_EQ(shown(), view->palette().color(QPalette::Base).name());
   EXPECT_EQ(view->editor()->toolTip(), "");
+}
+
+TEST_F(Edit_Grid_Test, Undo_Leads_Back_To_The_Text_Before_The_First_Key) {
+  show(Folder::airway);
+  view->show_cell(2, root_column::area);
+  const QString before = QString::fromStdString(text(2, root_column::area));
+  QSignalSpy edited(view, &Edit_Grid::edited);
+  type("88");
+  ASSERT_EQ(view->editor()->text(), "88");
+  key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(view->editor()->text(), before);
+  EXPECT_FALSE(view->editor()->isUndoAvailable());
+  key(Qt::Key_Return);
+  EXPECT_EQ(edited.count(), 0);
+  view->show_cell(2, root_column::area);
+  key(Qt::Key_Backspace);
+  ASSERT_EQ(view->editor()->text(), "");
+  key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(view->editor()->text(), before);
+}
+
+TEST_F(Edit_Grid_Test, The_Editor_Has_The_Grids_Font) {
+  show(Folder::airway);
+  QFont large = view->font();
+  large.setPointSize(24);
+  view->setFont(large);
+  view->show_cell(1, root_column::area);
+  type("2000");  // tinted
+  EXPECT_EQ(view->editor()->fontInfo().pointSize(), 24);
+  large.setPointSize(18);
+  view->setFont(large);
+  EXPECT_EQ(view->editor()->fontInfo().pointSize(), 18);
+}
+
+TEST_F(Edit_Grid_Test, Typing_Brings_The_Cell_Back_Into_View) {
+  copy.grdRoot.set_data_rows(200);
+  copy.fit_pictures();
+  show(Folder::airway);
+  view->show_cell(2, root_column::area);
+  type("7");
+  view->verticalScrollBar()->setValue(100);
+  view->horizontalScrollBar()->setValue(view->horizontalScrollBar()->maximum());
+  ASSERT_FALSE(view->viewport()->rect().intersects(view->editor()->geometry()));
+  type("5");
+  EXPECT_TRUE(view->viewport()->rect().contains(view->editor()->geometry()));
+  EXPECT_GE(view->editor()->geometry().left(), view->frozen_width());
+  EXPECT_EQ(view->editor()->text(), "75");
+}
+
+// --- A cell that holds a whole file
+
+TEST_F(Edit_Grid_Test, A_Huge_Text_Is_Shown_In_Part_And_Told_To_Be_Wrong) {
+  copy.grdRoot.set_text(2, root_column::area, std::string(10'000'000, '1'));
+  show(Folder::airway);
+  EXPECT_EQ(look(2, root_column::area, Qt::DisplayRole).toString().size(), 1000);
+  EXPECT_EQ(look(2, root_column::area, Qt::ToolTipRole).toString(), "Please input numeric data.");
+  EXPECT_TRUE(look(2, root_column::area, Qt::BackgroundRole).isValid());
+  view->show_cell(1, root_column::area);
+  key(Qt::Key_Down);
+  EXPECT_EQ(current(), Place(2, root_column::area));
+}
+
+TEST_F(Edit_Grid_Test, A_Text_Too_Long_For_The_Editor_Is_Not_Cut_By_It) {
+  const std::string huge(10'000'000, 'x');
+  copy.grdRoot.set_text(2, root_column::comment, huge);
+  show(Folder::airway);
+  view->show_cell(2, root_column::comment);
+  key(Qt::Key_F2);
+  EXPECT_TRUE(view->editor()->hasFocus());
+  EXPECT_EQ(view->editor()->toolTip(), "Too long to be edited here");
+  type("y");
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(2, root_column::comment), huge);
+  view->show_cell(2, root_column::comment);
+  type("y");
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(2, root_column::comment), "y");
+  // One that it holds is edited whole, though the cell does not show all of it.
+  copy.grdRoot.set_text(2, root_column::comment, std::string(2000, 'x'));
+  view->show_cell(2, root_column::comment);
+  key(Qt::Key_F2);
+  type("y");
+  key(Qt::Key_Return);
+  EXPECT_EQ(text(2, root_column::comment), std::string(2000, 'x') + 'y');
 }
 
 // --- Titles that stay in view
@@ -512,6 +614,169 @@ TEST_F(Edit_Grid_Test, A_Doubtful_Cell_Is_Tinted_And_Says_Why) {
             Doubt_Color(view->palette()));
   EXPECT_TRUE(look(1, root_column::area, Qt::ToolTipRole).toString().contains("'Area' Column"));
   EXPECT_NE(Doubt_Color(view->palette()), view->palette().color(QPalette::Base));
+}
+
+// The colours of a cell's edge and of its ground beside the text.
+struct Edge {
+  QColor edge, second, ground;
+};
+
+class Current_Cell : public Edit_Grid_Test {
+ protected:
+  [[nodiscard]] Edge edge(int row, int col) const {
+    const QImage image = view->viewport()->grab().toImage();
+    const QRect cell = view->visualRect(view->model()->index(row - 1, col));
+    const auto at = [&](int inset) {
+      const QPoint place(cell.left() + cell.width() / 2, cell.top() + inset);
+      return image.pixelColor(place * image.devicePixelRatio());
+    };
+    return {at(0), at(1), at(2)};
+  }
+  static int contrast(const QColor& a, const QColor& b) {
+    return std::abs(qGray(a.rgb()) - qGray(b.rgb()));
+  }
+  void expect_frame(int row, int col) const {
+    const Edge with_keyboard = edge(row, col);
+    EXPECT_EQ(with_keyboard.edge, with_keyboard.second);
+    EXPECT_GE(contrast(with_keyboard.edge, with_keyboard.ground), 48);
+    other->setFocus();
+    const Edge without = edge(row, col);
+    EXPECT_GE(contrast(without.edge, without.ground), 20);
+    EXPECT_LT(contrast(without.edge, without.ground),
+              contrast(with_keyboard.edge, with_keyboard.ground));
+    view->setFocus();
+  }
+};
+
+TEST_F(Current_Cell, Has_A_Frame_In_All_Kinds_Of_Selection) {
+  for (const bool dark : {false, true}) {
+    QPalette palette;
+    if (dark) {
+      palette.setColor(QPalette::Base, QColor(32, 32, 32));
+      palette.setColor(QPalette::AlternateBase, QColor(38, 38, 38));
+      palette.setColor(QPalette::Text, QColor(224, 224, 224));
+      palette.setColor(QPalette::Highlight, QColor(47, 101, 158));
+      palette.setColor(QPalette::HighlightedText, Qt::white);
+    }
+    for (const int selection : {0, 1, 2}) {
+      db.Opt_GridSel = static_cast<std::int16_t>(selection);
+      show(Folder::airway);
+      view->setPalette(palette);
+      view->show_cell(3, root_column::peri);
+      if (selection == 0) key(Qt::Key_Down, Qt::ShiftModifier);
+      expect_frame(current().first, root_column::peri);
+      // Its neighbour of the selection has none.
+      const Edge beside = selection == 1   ? edge(3, root_column::area)
+                          : selection == 2 ? edge(5, root_column::peri)
+                                           : edge(3, root_column::peri);
+      EXPECT_LT(contrast(beside.edge, beside.ground), 20);
+    }
+  }
+}
+
+TEST_F(Current_Cell, Has_A_Frame_Over_The_Titles_And_Not_Below_Them) {
+  show(Folder::airway);
+  view->show_cell(2, root_column::name);
+  view->horizontalScrollBar()->setValue(100);
+  expect_frame(2, root_column::name);
+  view->show_cell(2, root_column::resist);
+  view->horizontalScrollBar()->setValue(view->columnWidth(root_column::resist));
+  const Edge title = edge(2, root_column::name);
+  EXPECT_LT(contrast(title.edge, title.ground), 20);
+}
+
+// --- The menu
+
+TEST_F(Edit_Grid_Test, A_Right_Click_Asks_For_The_Menu_Of_The_Selection) {
+  show(Folder::airway);
+  QSignalSpy asked(view, &Edit_Grid::context_menu);
+  const auto right_click = [&](QPoint at) {
+    QTest::mouseClick(view->viewport(), Qt::RightButton, {}, at);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, view->viewport()->mapToGlobal(at));
+    QCoreApplication::sendEvent(view->viewport(), &event);
+    EXPECT_TRUE(event.isAccepted());
+    return view->viewport()->mapToGlobal(at);
+  };
+  view->show_cell(2, 3);
+  key(Qt::Key_Down, Qt::ShiftModifier);
+  QPoint global = right_click(middle(2, 3));
+  ASSERT_EQ(asked.count(), 1);
+  EXPECT_EQ(asked.last().first().toPoint(), global);
+  EXPECT_EQ(view->selectionModel()->selectedIndexes().size(), 2);  // inside it stays
+  right_click(middle(5, 4));
+  EXPECT_EQ(current(), Place(5, 4));
+  EXPECT_EQ(copy.grdRoot.Row, 5);
+  EXPECT_EQ(view->selectionModel()->selectedIndexes().size(), 1);
+  // Of what is being typed elsewhere nothing is lost.
+  type("77");
+  right_click(middle(6, 4));
+  EXPECT_EQ(text(5, 4), "77");
+  EXPECT_EQ(asked.count(), 3);
+}
+
+TEST_F(Edit_Grid_Test, The_Menu_Key_Asks_For_The_Menu_At_The_Current_Cell) {
+  show(Folder::airway);
+  view->show_cell(4, root_column::comment);
+  view->horizontalScrollBar()->setValue(0);
+  QSignalSpy asked(view, &Edit_Grid::context_menu);
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QCoreApplication::sendEvent(view, &event);
+  ASSERT_EQ(asked.count(), 1);
+  const QPoint place = view->viewport()->mapFromGlobal(asked.last().first().toPoint());
+  const QRect cell = view->visualRect(view->currentIndex());
+  EXPECT_TRUE(view->viewport()->rect().contains(cell.center()));
+  EXPECT_TRUE(cell.adjusted(0, 0, 0, 2).contains(place));
+}
+
+TEST_F(Edit_Grid_Test, A_Right_Click_On_A_Title_Is_For_Its_Row_And_On_A_Heading_For_Its_Column) {
+  show(Folder::airway);
+  QSignalSpy asked(view, &Edit_Grid::context_menu);
+  const auto right_click = [](QHeaderView* header, QPoint at) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, header->viewport()->mapToGlobal(at));
+    QCoreApplication::sendEvent(header->viewport(), &event);
+  };
+  right_click(view->verticalHeader(), QPoint(5, middle(3, 1).y()));
+  EXPECT_EQ(asked.count(), 1);
+  EXPECT_EQ(copy.grdRoot.Row, 3);
+  EXPECT_EQ(copy.grdRoot.RowSel, 3);
+  EXPECT_EQ(copy.grdRoot.ColSel, root_column::comment);
+  right_click(view->horizontalHeader(), QPoint(middle(1, 2).x(), 5));
+  EXPECT_EQ(asked.count(), 2);
+  EXPECT_EQ(copy.grdRoot.Col, 2);
+  EXPECT_EQ(copy.grdRoot.ColSel, 2);
+  EXPECT_EQ(copy.grdRoot.RowSel, copy.grdRoot.Rows() - 1);
+}
+
+// --- Room
+
+TEST_F(Edit_Grid_Test, Texts_Give_Way_Where_All_Columns_Fit_By_That) {
+  show(Folder::airway);
+  const int natural = view->horizontalHeader()->length();
+  const int frame = view->width() - view->viewport()->width();
+  const int comment = view->columnWidth(root_column::comment);
+  const int area = view->columnWidth(root_column::area);
+  const auto give = [&](int room) {
+    window->resize(window->width() + room + frame - view->width(), window->height());
+    QCoreApplication::processEvents();
+  };
+  give(natural + 40);
+  EXPECT_EQ(view->horizontalHeader()->length(), natural);
+  give(natural - 20);
+  EXPECT_EQ(view->horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(view->horizontalHeader()->length(), view->viewport()->width());
+  EXPECT_LT(view->columnWidth(root_column::comment), comment);
+  EXPECT_EQ(view->columnWidth(root_column::area), area);
+  // The bar that comes with more rows takes room away.
+  copy.grdRoot.set_data_rows(200);
+  copy.fit_pictures();
+  view->refresh();
+  QCoreApplication::processEvents();
+  EXPECT_GT(view->verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(view->horizontalScrollBar()->maximum(), 0);
+  // Where the bar is needed anyway the texts have their room.
+  give(natural / 2);
+  EXPECT_GT(view->horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(view->columnWidth(root_column::comment), comment);
 }
 
 TEST_F(Edit_Grid_Test, Junctions_Are_Shown_As_Filled_By_The_Program) {

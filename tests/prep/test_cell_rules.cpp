@@ -169,6 +169,24 @@ TEST(Cell_Fault, Names_Of_Airways) {
   EXPECT_EQ(name("1 -> 2 -> 3"), "The airway No. can't define!");
 }
 
+TEST(Cell_Fault, A_Text_Of_A_Hundred_Characters_Is_The_Longest_That_Is_Read) {
+  const std::string zeros(99, '0');
+  for (const Bounded& b : bounded) {
+    SCOPED_TRACE(b.message);
+    EXPECT_NE(Fault(b.folder, b.col, zeros + '1'), "Please input numeric data.");
+    EXPECT_EQ(Fault(b.folder, b.col, zeros + "01"), "Please input numeric data.");
+    const std::string blanks(200, ' ');
+    EXPECT_NE(Fault(b.folder, b.col, blanks + '1' + blanks), "Please input numeric data.");
+  }
+  EXPECT_EQ(Fault(Folder::airway, root_column::name, "1 -> 2" + std::string(94, '.')), "");
+  EXPECT_EQ(Fault(Folder::airway, root_column::name, "1 -> 2" + std::string(95, '.')),
+            "The airway No. can't define!");
+  EXPECT_EQ(Fault(Folder::airway, root_column::wind, std::string(101, 'A')),
+            "Input data on Winding List in Airway Folder is Wrong!");
+  EXPECT_EQ(Fault(Folder::airway, root_column::comment, std::string(101, 'A')), "");
+  EXPECT_TRUE(Fan_Field_Fault(Fan_Page::drive_rpm, zeros + "01").has_value());
+}
+
 TEST(Cell_Fault, Notes_And_Pictures_Take_Anything) {
   EXPECT_EQ(Fault(Folder::airway, root_column::picture, "x?*"), "");
   EXPECT_EQ(Fault(Folder::airway, root_column::comment, "12 -> x"), "");
