@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "core/numbers.h"
@@ -217,15 +218,31 @@ void MDIData::page_turned() {
 }
 
 // A page that is hidden may leave the keyboard to the tabs: while it is turned that does not count.
-void MDIData::note_focus(const QWidget* now) {
+void MDIData::note_focus(QWidget* now) {
   const QTabBar* const tabs = tabData->tabBar();
   if (tabs->currentIndex() == page_shown_) at_tabs_ = now == tabs;
+  if (!away_ && isVisible() && isAncestorOf(now)) last_focus_ = now;
 }
 
 void MDIData::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!shown_before_) first_field()->setFocus();
   shown_before_ = true;
+  if (away_) QTimer::singleShot(0, this, &MDIData::come_back);
+}
+
+void MDIData::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  away_ = true;
+}
+
+// A window behind another one is hidden, and its keyboard wanders to whatever field comes next. It
+// comes back to where the engineer has left it.
+void MDIData::come_back() {
+  away_ = false;
+  QWidget* const now = QApplication::focusWidget();
+  const bool mine = now == nullptr || isAncestorOf(now);
+  if (mine && last_focus_ != nullptr && last_focus_->isVisible()) last_focus_->setFocus();
 }
 
 QWidget* MDIData::first_field() const {

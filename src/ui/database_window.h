@@ -2,6 +2,7 @@
 // the tables through the check of the data alone.
 #pragma once
 
+#include <QPointer>
 #include <QTabWidget>
 #include <QWidget>
 #include <array>
@@ -75,6 +76,7 @@ class MDIData : public QWidget {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   struct Folder_Page {
@@ -89,7 +91,8 @@ class MDIData : public QWidget {
   void make_pictures(Folder folder, Folder_Page& page);
   void make_page_keys();
   void page_turned();
-  void note_focus(const QWidget* now);
+  void note_focus(QWidget* now);
+  void come_back();
   void tell_target();
   void note_act();
   void show_mine();
@@ -106,8 +109,10 @@ class MDIData : public QWidget {
   Picture_Box* cboView5 = nullptr;
   Fan_Page_View* fan_page_ = nullptr;
   std::array<Folder_Page, folder_count> pages_;
-  std::string target_;           // as it was told last
-  std::size_t picture_row_ = 0;  // whose picture names are listed
+  std::string target_;            // as it was told last
+  std::size_t picture_row_ = 0;   // whose picture names are listed
+  QPointer<QWidget> last_focus_;  // while the window was in sight
+  bool away_ = false;
   bool shown_before_ = false;
   int page_shown_ = 0;
   bool at_tabs_ = false;  // the keyboard, before a page is turned

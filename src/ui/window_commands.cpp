@@ -56,11 +56,8 @@ void BRANOK60::Window_Select(int index) {
 // Brings a child window to the top, out of its icon too.
 void BRANOK60::bring_up(QWidget& window) {
   auto* const frame = qobject_cast<QMdiSubWindow*>(window.parentWidget());
-  QWidget* const last = window.focusWidget();
   if (frame->isMinimized()) frame->showNormal();
   area_->setActiveSubWindow(frame);
-  // Where the keyboard was when the window was left.
-  if (last != nullptr && last->isVisible()) last->setFocus();
 }
 
 void BRANOK60::Help_BRN(int) {

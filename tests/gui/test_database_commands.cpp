@@ -275,7 +275,7 @@ TEST_F(Database_Commands, A_Window_That_Comes_Back_Has_The_Keyboard_Where_It_Was
   at(airways, "grdRoot", 3, 4);
   give("mnuWinSelCom1");
   give("mnuWinSelCom0");
-  EXPECT_TRUE(grid("grdRoot")->hasFocus());
+  QTRY_VERIFY_WITH_TIMEOUT(grid("grdRoot")->hasFocus(), 2000);
   EXPECT_EQ(grid("grdRoot")->currentIndex().row(), 2);
   QTest::keyClick(QApplication::focusWidget(), '7');
   EXPECT_EQ(grid("grdRoot")->editor()->text(), "7");
