@@ -9,7 +9,7 @@
 namespace branok {
 namespace {
 
-// 550 nodes with as many airways as five connections a node allow, 1300 about.
+// 550 nodes with as many airways as the generator makes, about 1050.
 Database Large_Mine() {
   return Make_Mine({.nodes = 550, .seed = 3, .inlets = 3, .assist_fans = 2, .extra = 1.0});
 }

@@ -114,7 +114,7 @@ struct Database {
   List<double, max_main_fans> MFan_Press;  ///< mmH2O, of the last solution
   List<float, max_main_fans> MFan_Flow;  ///< m3/s of outside air, of the last solution; in no file
 
-  // The main-fan pages of the Database window: the edit copy until Check Data commits it.
+  // What the check has read from the main-fan pages, until it commits it.
   List<std::int16_t, max_main_fans> MFan_WorkSuction;
   List<std::int16_t, max_main_fans> MFan_WorkDischarge;
   List<float, max_main_fans> MFan_WorkStdRpm;

@@ -37,7 +37,7 @@ void Text_Grid::set_data_rows(int rows) {
 }
 
 void Text_Grid::insert_rows(int row, int count) {
-  if (row < FixedRows || row > Rows()) Outside_Table(row, Rows(), FixedRows);
+  if (row < FixedRows || row > Rows() || count < 0) Outside_Table(row, Rows(), FixedRows);
   const auto at = cells_.begin() + static_cast<std::ptrdiff_t>(row) * cols_;
   cells_.insert(at, static_cast<std::size_t>(count) * static_cast<std::size_t>(cols_), {});
 }

@@ -28,6 +28,8 @@ std::string_view Next_Run(std::string_view& text) {
 }  // namespace
 
 std::optional<Airway_Nodes> Get_Row_Nodes(std::string_view name) {
+  constexpr std::size_t longest = 100;
+  if (name.size() > longest) return std::nullopt;
   Airway_Nodes nodes;
   nodes.left = Number_Of(Next_Run(name));
   nodes.right = Number_Of(Next_Run(name));

@@ -13,7 +13,7 @@ struct Airway_Nodes {
 };
 
 /// The first and the next run of digits of an airway's name: "7 - 3" is 7 and 3. Nothing when there
-/// is a third run: which two are meant cannot be told.
+/// is a third run: which two are meant cannot be told; nor for more than 100 characters.
 std::optional<Airway_Nodes> Get_Row_Nodes(std::string_view name);
 
 /// True when a name cell holds a digit: its row is an airway.

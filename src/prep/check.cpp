@@ -151,9 +151,6 @@ bool Reset_To_Last_Check(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   const Busy busy(dialogue);
   Refill_All_Grids(db, copy);
   db.MFan_GridTotal = static_cast<std::int16_t>(copy.MFan_GridTotal);
-  for (const Folder folder : all_folders) {
-    if (folder != Folder::mainfan) Edit_Flag(db, folder) = 0;
-  }
   return true;
 }
 
@@ -165,6 +162,7 @@ void Refill_All_Grids(const Database& db, Edit_Copy& copy) {
   Fill_Assist_Fans(db, copy);
   if (db.MFan_Total > 0) return;
   copy.fan_pages.fill(Fan_Page());
+  copy.checked_pages = copy.fan_pages;
   copy.MFan_GridTotal = copy.fan_in_front = 0;
 }
 

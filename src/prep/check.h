@@ -37,9 +37,8 @@ void Mark_All_Edited(Database& db);
 Check_Result Check_Fan_For_Diagram(Database& db, Edit_Copy& copy, int fan, Dialogue& dialogue);
 
 /// Asks, then writes the tables back to the grids of nodes, airways, thermal rows, intakes and
-/// assist fans: all edits since the last check are taken back, and these folders count as edited no
-/// more. Main fan pages stay, but a mine without main fans has none afterwards. False when the
-/// answer was No.
+/// assist fans: all edits since the last check are taken back. Main fan pages stay, but a mine
+/// without main fans has none afterwards. False when the answer was No.
 bool Reset_To_Last_Check(Database& db, Edit_Copy& copy, Dialogue& dialogue);
 
 /// The filling of that, without the question.

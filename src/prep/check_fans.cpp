@@ -1,6 +1,7 @@
 // The pages of the main fans.
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "core/messages.h"
 #include "core/pictures.h"
@@ -275,7 +276,8 @@ void Check_Fan_Curve(Database& db, Edit_Copy& copy, int f) {
 void Commit_Main_Fans(Database& db, Edit_Copy& copy) {
   const int total = copy.MFan_GridTotal;
   for (int f = 1; f <= total; ++f) {
-    if (f > db.MFan_Total) Set_New_Coefficients(db, f);
+    // Where fans have come or gone a number may stand for another fan: its curve is not known yet.
+    if (total != db.MFan_Total) Set_New_Coefficients(db, f);
     db.MFan_Suction[f] = db.MFan_WorkSuction[f];
     db.MFan_Discharge[f] = db.MFan_WorkDischarge[f];
     db.MFan_Comm[f] = db.MFan_WorkComm[f];

@@ -124,7 +124,6 @@ Fan_Page New_Fan_Page() {
     const auto at = static_cast<std::size_t>(field);
     page.text.at(at) = std::to_string(static_cast<int>(page.value.at(at)));
   }
-  page.surface = true;
   return page;
 }
 
@@ -170,7 +169,8 @@ Paste_Result Paste_Grid(Text_Grid& grid, std::string_view text) {
 
 Paste_Result Paste_Folder(Database& db, Edit_Copy& copy, Folder folder, std::string_view text) {
   Edit_Flag(db, folder) = 1;
-  const Hidden_Pictures before(copy);
+  std::optional<Hidden_Pictures> before;
+  if (folder == Folder::airway) before.emplace(copy);
   Text_Grid& grid = copy.grid(folder);
   if (grid.Row < Text_Grid::FixedRows && folder == Folder::airway) {
     grid.select(1, root_column::name, 1, root_column::name);
@@ -178,7 +178,7 @@ Paste_Result Paste_Folder(Database& db, Edit_Copy& copy, Folder folder, std::str
   const Paste_Result done = Paste_Grid(grid, text);
   Take_Picture_Column(copy, folder);
   if (folder == Folder::airway) {
-    before.restore(copy);
+    before->restore(copy);
     Leave_Empty_Row(copy);
   }
   return done;

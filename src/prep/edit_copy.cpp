@@ -197,11 +197,13 @@ void Fill_Folder(const Database& db, Edit_Copy& copy, Folder folder) {
 }
 
 bool Same_Texts(const Edit_Copy& a, const Edit_Copy& b, Folder folder) {
-  if (folder == Folder::mainfan) {
-    return a.MFan_GridTotal == b.MFan_GridTotal && a.fan_pages == b.fan_pages;
-  }
   const Picture_Rows* const names = a.pictures(folder);
   return a.grid(folder) == b.grid(folder) && (names == nullptr || *names == *b.pictures(folder));
+}
+
+// The fans' work copy follows what is tested, so the pages are compared with what they were.
+bool Same_Pages(const Database& db, const Edit_Copy& copy) {
+  return copy.MFan_GridTotal == db.MFan_Total && copy.fan_pages == copy.checked_pages;
 }
 
 bool Ends_A_Cell(char c) { return c == '\r' || c == '\n' || c == '\t'; }
@@ -377,6 +379,7 @@ void Fill_Fans(const Database& db, Edit_Copy& copy) {
     page.grdMFan.select(before.Row, before.Col, before.RowSel, before.ColSel);
   }
   copy.fan_pages = std::move(pages);
+  copy.checked_pages = copy.fan_pages;
   copy.MFan_GridTotal = db.MFan_GridTotal;
   copy.fan_in_front = std::clamp(copy.fan_in_front, copy.MFan_GridTotal > 0 ? 1 : 0,
                                  std::max(copy.MFan_GridTotal, 0));
@@ -432,9 +435,11 @@ std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy)
   Edit_Copy checked = copy;
   std::vector<Folder> unchecked;
   for (const Folder folder : all_folders) {
-    if (Edit_Flag(const_cast<Database&>(db), folder) == 0) continue;
+    if (Edit_Flag(db, folder) == 0) continue;
     Fill_Folder(db, checked, folder);
-    if (!Same_Texts(copy, checked, folder)) unchecked.push_back(folder);
+    const bool same =
+        folder == Folder::mainfan ? Same_Pages(db, copy) : Same_Texts(copy, checked, folder);
+    if (!same) unchecked.push_back(folder);
   }
   return unchecked;
 }
@@ -451,6 +456,24 @@ std::optional<double> Fan_Field_Number(const Fan_Page& page, int field) {
   } catch (const Run_Time_Error&) {
     return std::nullopt;
   }
+}
+
+std::int16_t Edit_Flag(const Database& db, Folder folder) {
+  switch (folder) {
+    case Folder::airway:
+      return db.Edit_Root;
+    case Folder::node:
+      return db.Edit_Node;
+    case Folder::inlet:
+      return db.Edit_Inlet;
+    case Folder::mainfan:
+      return db.Edit_MFan;
+    case Folder::assistfan:
+      return db.Edit_AFan;
+    case Folder::thermal:
+      break;
+  }
+  return db.Edit_Thermo;
 }
 
 std::int16_t& Edit_Flag(Database& db, Folder folder) {

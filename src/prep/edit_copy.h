@@ -93,9 +93,10 @@ struct Fan_Page {
 struct Edit_Copy {
   Text_Grid grdRoot, grdNode, grdInlet, grdAFan, grdThermo;
   Picture_Rows Grid_RootPict, Node_PictGrid, Inlet_PictGrid, AFan_PictGrid;
-  std::array<Fan_Page, max_main_fans> fan_pages;  ///< fan f's is fan_pages[f - 1]
-  int MFan_GridTotal = 0;                         ///< pages in use
-  int fan_in_front = 0;                           ///< 1..MFan_GridTotal; 0 without fans
+  std::array<Fan_Page, max_main_fans> fan_pages;      ///< fan f's is fan_pages[f - 1]
+  int MFan_GridTotal = 0;                             ///< pages in use
+  std::array<Fan_Page, max_main_fans> checked_pages;  ///< the pages as the tables gave them last
+  int fan_in_front = 0;                               ///< 1..MFan_GridTotal; 0 without fans
 
   Edit_Copy();
 
@@ -158,6 +159,7 @@ std::optional<double> Fan_Field_Number(const Fan_Page& page, int field);
 
 /// The flag that tells of changes in a folder since the last check.
 std::int16_t& Edit_Flag(Database& db, Folder folder);
+std::int16_t Edit_Flag(const Database& db, Folder folder);
 
 /// Something in the folder has been typed: its flag is set, and results of the mine before are
 /// results no more.

@@ -1,12 +1,13 @@
 #include "prep/edit_history.h"
 
 #include <algorithm>
+#include <span>
 
 namespace branok {
 
 namespace {
 
-constexpr std::size_t most_cells = 4'000'000;  // kept for undo, about 150 MB at worst
+constexpr std::size_t most_bytes = 150'000'000;  // kept for undo
 
 bool Same_Row(const Edit_Copy& a, int row_a, const Edit_Copy& b, int row_b, Folder folder) {
   const auto cells_a = a.grid(folder).row(row_a);
@@ -54,7 +55,28 @@ int First_Column(const std::vector<std::string>& before, const std::vector<std::
   return cell == before.end() ? grid.Col : static_cast<int>(cell - before.begin()) % grid.Cols();
 }
 
+std::size_t Bytes(std::span<const std::string> texts) {
+  std::size_t bytes = texts.size_bytes();
+  for (const std::string& text : texts) bytes += text.size();
+  return bytes;
+}
+
+std::size_t Bytes(const std::array<Fan_Page, max_main_fans>& pages) {
+  std::size_t bytes = sizeof(pages);
+  for (const Fan_Page& page : pages) {
+    bytes += Bytes(page.text) + Bytes(page.pictures);
+    for (int row = 0; row < page.grdMFan.Rows(); ++row) bytes += Bytes(page.grdMFan.row(row));
+  }
+  return bytes;
+}
+
 }  // namespace
+
+std::size_t Edit_History::Rows::bytes() const {
+  std::size_t sum = 1 + Bytes(cells);
+  for (const Picture_Row& names : pictures) sum += Bytes(names);
+  return sum;
+}
 
 void Edit_History::start(const Edit_Copy& copy) {
   last_ = copy;
@@ -68,7 +90,7 @@ bool Edit_History::note(const Edit_Copy& copy) {
   for (const Folder folder : all_folders) {
     if (folder == Folder::mainfan) continue;
     if (auto change = Difference(last_, copy, folder)) {
-      step.size += change->before.cells.size() + change->after.cells.size();
+      step.size += change->before.bytes() + change->after.bytes();
       step.changes.push_back(std::move(*change));
     }
   }
@@ -76,7 +98,7 @@ bool Edit_History::note(const Edit_Copy& copy) {
   if (step.fan != 0) {
     step.before = Pages{last_.fan_pages, last_.MFan_GridTotal};
     step.after = Pages{copy.fan_pages, copy.MFan_GridTotal};
-    step.size += std::size_t{2} * max_main_fans * max_fan_points * fan_column::count;
+    step.size += Bytes(last_.fan_pages) + Bytes(copy.fan_pages);
   }
   if (step.size == 0) return false;
   apply(step, false, last_);
@@ -188,7 +210,7 @@ std::optional<Edit_Place> Edit_History::move(std::deque<Step>& from, std::deque<
 }
 
 void Edit_History::forget_oldest() {
-  while (kept_ > most_cells && undo_.size() > 1) {
+  while (kept_ > most_bytes && undo_.size() > 1) {
     kept_ -= undo_.front().size;
     undo_.pop_front();
   }

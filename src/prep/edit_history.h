@@ -36,6 +36,7 @@ class Edit_History {
     std::vector<std::string> cells;
     Picture_Rows pictures;
     int count = 0;
+    [[nodiscard]] std::size_t bytes() const;
   };
   struct Change {
     Folder folder = Folder::airway;
@@ -50,7 +51,7 @@ class Edit_History {
     std::vector<Change> changes;
     std::optional<Pages> before, after;  // of the main fans, when they differ
     int fan = 0;                         // the first that differs
-    std::size_t size = 0;                // cells kept
+    std::size_t size = 0;                // bytes of what is kept, about
   };
 
   [[nodiscard]] static std::optional<Change> Difference(const Edit_Copy& from, const Edit_Copy& to,
@@ -64,7 +65,7 @@ class Edit_History {
 
   Edit_Copy last_;  // as the last step left it
   std::deque<Step> undo_, redo_;
-  std::size_t kept_ = 0;  // cells in all steps
+  std::size_t kept_ = 0;  // bytes in all steps
 };
 
 }  // namespace branok

@@ -282,6 +282,10 @@ void Root_Builder::Show_Tables() {
     copy_.Grid_RootPict.insert(copy_.Grid_RootPict.begin() + row,
                                names.at(static_cast<std::size_t>(from)));
   }
+  // A full grid has no empty row at its end.
+  const int last = grid.Rows() - 1;
+  if (last > max_grid_rows && grid.is_blank(last)) grid.remove_rows(last, 1);
+  copy_.fit_pictures();
 }
 
 }  // namespace

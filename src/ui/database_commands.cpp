@@ -5,6 +5,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <algorithm>
+#include <array>
 
 #include "core/messages.h"
 #include "prep/calculators.h"
@@ -140,14 +141,14 @@ void BRANOK60::show_unchecked() {
 bool BRANOK60::has_unsaved_edits() const {
   const bool head_changed =
       Trim(project_.db.Mine_Name) != saved_name_ || Trim(project_.db.Mine_Date) != saved_date_;
-  return head_changed || project_.db.Check_Count >= 1 ||
-         !Unchecked_Folders(project_.db, edit_).empty();
+  return head_changed || check_ran_ || !Unchecked_Folders(project_.db, edit_).empty();
 }
 
 // The name and date that a file, or a new mine, has.
 void BRANOK60::take_saved_head() {
   saved_name_ = Trim(project_.db.Mine_Name);
   saved_date_ = Trim(project_.db.Mine_Date);
+  check_ran_ = false;
 }
 
 // --- The Database menu
@@ -155,6 +156,7 @@ void BRANOK60::take_saved_head() {
 void BRANOK60::Data_Check(int) {
   if (data_ != nullptr) data_->finish_typing();
   Check_Result result;
+  check_ran_ = true;  // one that stops has taken in the folders before
   try {
     result = Check_Data(project_.db, edit_, dialogue_);
   } catch (...) {
@@ -198,6 +200,10 @@ void BRANOK60::Fan_Diagram(int) {
   if (db.Edit_MFan == 0) {
     Draw_Fan_Diagram(this, db.MFan_Total, front > 0 ? front : First_Fan_With_Curve(db),
                      [&db](int fan) { return Make_Diagram(db, Diagram_Kind::fan, fan); });
+    return;
+  }
+  if (edit_.MFan_GridTotal == 0) {
+    dialogue_.remark("This mine has no main fan");
     return;
   }
   const int first = std::max(front, 1);
@@ -290,7 +296,10 @@ QLineEdit* BRANOK60::focused_text() const {
 }
 
 void BRANOK60::Edit_Cut(int) {
-  if (QLineEdit* const field = focused_text()) return field->cut();
+  if (QLineEdit* const field = focused_text()) {
+    if (!field->isReadOnly()) field->cut();
+    return;
+  }
   const std::optional<Folder> folder = database_window().folder();
   if (!folder) return;
   edit([&] {
@@ -306,7 +315,10 @@ void BRANOK60::Edit_Copy_Command(int) {
 }
 
 void BRANOK60::Edit_Paste(int) {
-  if (QLineEdit* const field = focused_text()) return field->paste();
+  if (QLineEdit* const field = focused_text()) {
+    if (!field->isReadOnly()) field->paste();
+    return;
+  }
   const std::string text = From_Clipboard(Clipboard_Text());
   Paste_Result done;
   if (window_tag() == "analysis") {
@@ -368,7 +380,8 @@ void BRANOK60::insert_rows(int count) {
     data_->grid_view()->take_current_row();
     added = Insert_Rows(project_.db, edit_, count);
   });
-  if (added < count) dialogue_.remark("The grid is full: 2750 rows");
+  if (added < count)
+    dialogue_.remark("The grid is full: " + std::to_string(max_grid_rows) + " rows");
 }
 
 void BRANOK60::delete_rows(int count) {

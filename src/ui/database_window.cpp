@@ -289,7 +289,7 @@ void MDIData::show_mine() {
 }
 
 void MDIData::show_pictures(Folder folder) {
-  const Folder_Page& page = this->page(folder);
+  Folder_Page& page = pages_.at(static_cast<std::size_t>(folder));
   if (page.pictures == nullptr) return;
   const auto row = static_cast<std::size_t>(page.grid->currentIndex().row() + Text_Grid::FixedRows);
   const Picture_Rows& names = *copy_.pictures(folder);
@@ -297,8 +297,8 @@ void MDIData::show_pictures(Folder folder) {
   // The empty row behind the airways is none yet: nothing can have a picture there.
   const bool any = row >= Text_Grid::FixedRows && row < names.size() &&
                    !copy_.grid(folder).is_blank(static_cast<int>(row));
-  if (row != picture_row_) page.pictures->setCurrentIndex(0);
-  picture_row_ = row;
+  if (row != page.picture_row) page.pictures->setCurrentIndex(0);
+  page.picture_row = row;
   if (!any) {
     page.pictures->show_none();
   } else {

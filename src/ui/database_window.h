@@ -82,6 +82,7 @@ class MDIData : public QWidget {
   struct Folder_Page {
     Edit_Grid* grid = nullptr;
     Picture_Box* pictures = nullptr;
+    std::size_t picture_row = 0;  // whose names are listed
   };
 
   QWidget* make_network_page();
@@ -110,7 +111,6 @@ class MDIData : public QWidget {
   Fan_Page_View* fan_page_ = nullptr;
   std::array<Folder_Page, folder_count> pages_;
   std::string target_;            // as it was told last
-  std::size_t picture_row_ = 0;   // whose picture names are listed
   QPointer<QWidget> last_focus_;  // while the window was in sight
   bool away_ = false;
   bool shown_before_ = false;

@@ -15,8 +15,8 @@ namespace branok {
 /// The background of a field whose text the check would refuse.
 QColor Doubt_Color(const QPalette& palette);
 
-/// Rows and columns are the grid's own: row 1 is the first data row, column 0 the title. The grid's
-/// current cell and selection always are those of the screen.
+/// Rows and columns are the grid's own: row 1 is the first data row, column 0 the title. What is
+/// selected in the grid always is the block on the screen, from its upper left cell on.
 class Edit_Grid : public Frozen_Grid_View {
   Q_OBJECT
  public:

@@ -324,9 +324,10 @@ void BRANOK60::show_database_state() {
   const bool nothing = target == "network" || (target == "mainfan" && edit_.fan_in_front == 0);
   const bool any = !nothing;
   set_edit_tag(any ? target : QString("none"));
-  Set_Edit_Menu_State(true, any, any, any, target == "airway");
-  Set_Toolbar_State(true, any, any, any, false, false, false, false);
   const QLineEdit* const field = data_->focused_text();
+  const bool changes = any && (field == nullptr || !field->isReadOnly());
+  Set_Edit_Menu_State(true, any, changes, changes, target == "airway");
+  Set_Toolbar_State(true, any, changes, changes, false, false, false, false);
   enable("mnuEditComUndo", (field != nullptr && field->isUndoAvailable()) || history_.can_undo());
   enable("mnuEditComRedo", (field != nullptr && field->isRedoAvailable()) || history_.can_redo());
 }

@@ -215,6 +215,7 @@ class BRANOK60 : public QMainWindow {
   Project project_;
   Edit_Copy edit_;                       // of the open mine, whether its window is open or not
   Edit_History history_;                 // of the edit copy
+  bool check_ran_ = false;               // since the last load or save
   std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;

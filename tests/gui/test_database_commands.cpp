@@ -291,6 +291,42 @@ TEST_F(Database_Commands, The_Edit_Menu_Comes_Up_Beside_A_Cell) {
   menu->close();
 }
 
+TEST_F(Database_Commands, What_A_Stopped_Check_Has_Taken_In_Does_Not_Go_Unasked) {
+  give("mnuFileComNew");
+  type_at(airways, "grdRoot", 1, 4, "250");
+  type_at(intake, "grdInlet", 1, 1, "abc");
+  give("mnuDataComCheck");
+  type_at(intake, "grdInlet", 1, 1, "1");
+  user_.boxes.clear();
+  give("mnuFileComNew");
+  EXPECT_TRUE(user_.saw("The edited Data may be lost."));
+  EXPECT_EQ(cell("grdRoot", 1, 4), "250");
+}
+
+TEST_F(Database_Commands, A_Field_That_Only_Shows_Is_Not_Pasted_Into) {
+  give("mnuFileComNew");
+  tabs()->setCurrentIndex(main_fans);
+  auto* const discharge = control<QLineEdit>("txtData2");
+  ASSERT_TRUE(discharge->isReadOnly());
+  discharge->setFocus(Qt::MouseFocusReason);
+  QApplication::clipboard()->setText("77");
+  EXPECT_FALSE(action("mnuEditComPaste")->isEnabled());
+  action("mnuEditComPaste")->setEnabled(true);
+  give("mnuEditComPaste");
+  EXPECT_EQ(discharge->text(), "5");
+}
+
+TEST_F(Database_Commands, Without_A_Fan_There_Is_No_Diagram) {
+  give("mnuFileComNew");
+  tabs()->setCurrentIndex(main_fans);
+  user_.answers = {QMessageBox::Yes};
+  control<QAbstractButton>("cmdMinus")->click();
+  user_.boxes.clear();
+  give("mnuDataComGraph");
+  EXPECT_TRUE(user_.boxes.empty());
+  EXPECT_EQ(control<QLabel>("stbRemark")->toolTip(), "This mine has no main fan");
+}
+
 TEST_F(Database_Commands, A_Typed_Name_Does_Not_Go_Unasked) {
   give("mnuFileComNew");
   QTest::keyClicks(control<QLineEdit>("txtMine"), "x");

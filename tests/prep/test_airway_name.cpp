@@ -30,7 +30,12 @@ TEST(Get_Row_Nodes, A_Third_Number_Makes_The_Name_Unreadable) {
 TEST(Get_Row_Nodes, A_Number_That_No_Table_Could_Hold_Is_The_Largest) {
   EXPECT_EQ(Get_Row_Nodes("32767 1"), (Airway_Nodes{32767, 1}));
   EXPECT_EQ(Get_Row_Nodes("32768 1"), (Airway_Nodes{32767, 1}));
-  EXPECT_EQ(Get_Row_Nodes("1-" + std::string(5000, '9')), (Airway_Nodes{1, 32767}));
+  EXPECT_EQ(Get_Row_Nodes("1-" + std::string(90, '9')), (Airway_Nodes{1, 32767}));
+}
+
+TEST(Get_Row_Nodes, A_Text_Too_Long_For_A_Name_Is_None) {
+  EXPECT_TRUE(Get_Row_Nodes("1 - 2" + std::string(95, ' ')).has_value());
+  EXPECT_FALSE(Get_Row_Nodes("1 - 2" + std::string(96, ' ')).has_value());
 }
 
 TEST(Get_Row_Nodes, Bytes_Beyond_Ascii_Are_No_Digits) {

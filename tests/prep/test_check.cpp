@@ -415,9 +415,8 @@ TEST_F(Check_Test, ResetTakesAllEditsBackButThoseOfTheMainFans) {
   EXPECT_TRUE(Reset_To_Last_Check(db, copy, user));
   for (const Folder folder : all_folders) EXPECT_EQ(copy.grid(folder), before.grid(folder));
   EXPECT_EQ(copy.fan(1).text[Fan_Page::std_rpm], "123");
-  for (const Folder folder : all_folders) {
-    EXPECT_EQ(Edit_Flag(db, folder), folder == Folder::mainfan ? 1 : 0);
-  }
+  // A check that stopped has flags of its own: they stay until one passes.
+  for (const Folder folder : all_folders) EXPECT_EQ(Edit_Flag(db, folder), 1);
   EXPECT_EQ(Unchecked_Folders(db, copy), std::vector{Folder::mainfan});
   EXPECT_EQ(user.times_busy, 1);
   EXPECT_EQ(user.busy_depth, 0);
@@ -442,6 +441,27 @@ TEST_F(Check_Test, ResetOfAMineWithoutMainFansTakesItsPagesAway) {
   Refill_All_Grids(db, copy);
   EXPECT_EQ(copy.MFan_GridTotal, 0);
   EXPECT_EQ(copy.fan_in_front, 0);
+}
+
+TEST_F(Check_Test, EditsOfFansStayUncheckedThoughACheckHasStopped) {
+  db.Check_Count = 0;
+  Set_Fan_Field(db, copy, Fan_Page::comment, "new words");
+  type(Folder::inlet, 1, inlet_column::node, "abc");
+  EXPECT_FALSE(check());
+  const std::vector<Folder> unchecked = Unchecked_Folders(db, copy);
+  EXPECT_NE(std::find(unchecked.begin(), unchecked.end(), Folder::mainfan), unchecked.end());
+  type(Folder::inlet, 1, inlet_column::node, "1");
+  for (int row = 1; row <= max_fan_points; ++row) {
+    copy.fan(1).grdMFan.set_text(row, fan_column::flow, "");
+    copy.fan(1).grdMFan.set_text(row, fan_column::head, "");
+  }
+  EXPECT_FALSE(check());  // too few points
+  EXPECT_EQ(Unchecked_Folders(db, copy), std::vector{Folder::mainfan});
+}
+
+TEST_F(Check_Test, AFanThatIsDeletedIsAnUncheckedEdit) {
+  ASSERT_TRUE(Remove_Fan_Page(db, copy));
+  EXPECT_EQ(Unchecked_Folders(db, copy), std::vector{Folder::mainfan});
 }
 
 TEST_F(Check_Test, AfterAResetOfAMineWithoutMainFansNothingIsUnchecked) {
