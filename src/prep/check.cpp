@@ -39,16 +39,16 @@ void Fit_Mine_Name(Database& db, Dialogue& dialogue) {
   }
 }
 
-void Check_Network(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
+// Returns what is to be said of rows that were left out.
+std::string Check_Network(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   if (db.Edit_Node == 1) {
     Check_Node_Rows(db, copy);
     Fill_Nodes(db, copy);
   }
-  if (db.Edit_Root == 1) {
-    const std::vector<std::uint8_t> Grid_RootBad = Mark_Airway_Rows(copy.grdRoot);
-    Check_Root_Rows(copy, Grid_RootBad);
-    Build_Root_Tables(db, copy, Grid_RootBad, dialogue);
-  }
+  if (db.Edit_Root != 1) return {};
+  const std::vector<std::uint8_t> Grid_RootBad = Mark_Airway_Rows(copy.grdRoot);
+  Check_Root_Rows(copy, Grid_RootBad);
+  return Build_Root_Tables(db, copy, Grid_RootBad, dialogue);
 }
 
 void Check_Equipment(Database& db, Edit_Copy& copy) {
@@ -112,19 +112,27 @@ Check_Result Failed(const Check_Fault& fault, Dialogue& dialogue) {
 Check_Result Check_Data(Database& db, Edit_Copy& copy, Dialogue& dialogue) {
   const Busy busy(dialogue);
   copy.fit_pictures();
+  std::string left_out;
+  // The fault is told first: its place is what the engineer looks for.
+  const auto fail = [&](const Check_Fault& fault) {
+    const Check_Result result = Failed(fault, dialogue);
+    if (!left_out.empty()) dialogue.remark(left_out);
+    return result;
+  };
   try {
     Fit_Mine_Name(db, dialogue);
-    Check_Network(db, copy, dialogue);
+    left_out = Check_Network(db, copy, dialogue);
     Check_Equipment(db, copy);
   } catch (const Check_Fault& fault) {
-    return Failed(fault, dialogue);
+    return fail(fault);
   }
   const std::optional<Check_Fault> dead_end = Check_Dead_End(db, copy);
   Count_Check(db);
   if (dead_end) {
     db.Edit_Root = 1;
-    return Failed(*dead_end, dialogue);
+    return fail(*dead_end);
   }
+  if (!left_out.empty()) dialogue.remark(left_out);
   db.Edit_Node = db.Edit_Root = db.Edit_MFan = db.Edit_AFan = db.Edit_Thermo = 0;
   dialogue.show(messages::Data_All_Right());
   return {.passed = true, .place = std::nullopt};

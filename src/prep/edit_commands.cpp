@@ -53,10 +53,16 @@ void Take_Picture_Column(Edit_Copy& copy, Folder folder) {
 // a table that comes back from a spreadsheet in another order keeps each airway's pictures.
 class Hidden_Pictures {
  public:
-  explicit Hidden_Pictures(const Edit_Copy& copy) : names_(Names(copy)) {
+  explicit Hidden_Pictures(const Edit_Copy& copy)
+      : names_(Names(copy)), by_name_(copy.cut_pictures) {
     for (std::size_t row = 1; row < names_.size(); ++row) {
-      by_name_.emplace(names_[row], copy.Grid_RootPict[row]);
+      if (!names_[row].empty()) by_name_[names_[row]] = copy.Grid_RootPict[row];
     }
+  }
+  /// Keeps the pictures of a row whose name is about to be cut.
+  void keep(Edit_Copy& copy, int row) const {
+    const auto at = static_cast<std::size_t>(row);
+    if (!names_[at].empty()) copy.cut_pictures[names_[at]] = copy.Grid_RootPict[at];
   }
   /// Gives rows whose name has changed the pictures of that name, or none.
   void restore(Edit_Copy& copy) const {
@@ -65,6 +71,7 @@ class Hidden_Pictures {
       if (row < names_.size() && names_[row] == now[row]) continue;
       const auto known = by_name_.find(now[row]);
       const bool any = known != by_name_.end() && !now[row].empty();
+      if (!any && row < names_.size() && names_[row].empty()) continue;
       for (const std::size_t p : {1, 2}) {
         copy.Grid_RootPict[row][p] = any ? known->second[p] : std::string();
       }
@@ -136,6 +143,16 @@ void Put_Field(Fan_Page& page, int field, std::string_view text) {
   page.typed.at(at) = Fan_Field_Number(page, field) != page.value.at(at);
 }
 
+// Rows that a paste has added are numbered on: messages name them so.
+void Title_New_Rows(Text_Grid& grid, Folder folder) {
+  if (folder == Folder::airway || folder == Folder::node) return;
+  const std::string_view title =
+      folder == Folder::inlet || folder == Folder::mainfan ? "No. " : "# ";
+  for (int row = grid.Rows() - 1; row >= Text_Grid::FixedRows && grid.text(row, 0).empty(); --row) {
+    grid.set_text(row, 0, std::string(title) + std::to_string(row));
+  }
+}
+
 }  // namespace
 
 std::string From_Clipboard(std::string_view text) {
@@ -176,6 +193,7 @@ Paste_Result Paste_Folder(Database& db, Edit_Copy& copy, Folder folder, std::str
     grid.select(1, root_column::name, 1, root_column::name);
   }
   const Paste_Result done = Paste_Grid(grid, text);
+  Title_New_Rows(grid, folder);
   Take_Picture_Column(copy, folder);
   if (folder == Folder::airway) {
     before->restore(copy);
@@ -211,7 +229,10 @@ bool Empty_Cells(Database& db, Edit_Copy& copy, Folder folder) {
   const auto [top, bottom] = std::minmax(grid.Row, grid.RowSel);
   const auto [left, right] = std::minmax(grid.Col, grid.ColSel);
   bool any = false;
+  std::optional<Hidden_Pictures> pictures;
+  if (folder == Folder::airway && left == root_column::name) pictures.emplace(copy);
   for (int row = top; row <= bottom; ++row) {
+    if (pictures) pictures->keep(copy, row);
     for (int col = left; col <= right; ++col) {
       if (grid.text(row, col).empty()) continue;
       Set_Cell(copy, folder, row, col, {});

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -93,8 +94,10 @@ struct Fan_Page {
 struct Edit_Copy {
   Text_Grid grdRoot, grdNode, grdInlet, grdAFan, grdThermo;
   Picture_Rows Grid_RootPict, Node_PictGrid, Inlet_PictGrid, AFan_PictGrid;
-  std::array<Fan_Page, max_main_fans> fan_pages;      ///< fan f's is fan_pages[f - 1]
-  int MFan_GridTotal = 0;                             ///< pages in use
+  std::array<Fan_Page, max_main_fans> fan_pages;  ///< fan f's is fan_pages[f - 1]
+  int MFan_GridTotal = 0;                         ///< pages in use
+  /// Of airways that were cut, by name: they come back when the airway is pasted.
+  std::map<std::string, Picture_Row> cut_pictures;
   std::array<Fan_Page, max_main_fans> checked_pages;  ///< the pages as the tables gave them last
   int fan_in_front = 0;                               ///< 1..MFan_GridTotal; 0 without fans
 

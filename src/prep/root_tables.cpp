@@ -40,7 +40,7 @@ class Root_Builder {
   void Ask_About_Changes();
   void Check_Connections();
   void Rebuild();
-  void Tell_Left_Out();
+  [[nodiscard]] std::string Left_Out() const;
   void Show_Tables();
 
  private:
@@ -97,6 +97,10 @@ std::optional<Airway_Nodes> Root_Builder::Row_Nodes(int row) {
   std::optional<Airway_Nodes> nodes = Get_Row_Nodes(copy_.grdRoot.text(row, root_column::name));
   if (!nodes) Stop(row, messages::Airway_Undefined());
   const bool incomplete = nodes->left < 1 || nodes->right < 1;
+  if (incomplete) {
+    dialogue_.remark("Airway Folder, row " + std::to_string(row) + ": " +
+                     copy_.grdRoot.text(row, root_column::name));
+  }
   if (nodes->left < 1) nodes->left = Ask_Node_No("Left");
   if (nodes->left > 0 && nodes->right < 1) nodes->right = Ask_Node_No("Right");
   if (nodes->left < 1 || nodes->right < 1) {
@@ -128,9 +132,9 @@ void Root_Builder::Read_Airways(const std::vector<std::uint8_t>& Grid_RootBad) {
   }
 }
 
-void Root_Builder::Tell_Left_Out() {
-  if (left_out_.empty()) return;
-  dialogue_.remark("Airway Folder, " + Rows_Text(left_out_) + ": left out, without an airway name");
+std::string Root_Builder::Left_Out() const {
+  if (left_out_.empty()) return {};
+  return "Airway Folder, " + Rows_Text(left_out_) + ": left out, without an airway name";
 }
 
 void Root_Builder::Read_Tables() {
@@ -290,8 +294,8 @@ void Root_Builder::Show_Tables() {
 
 }  // namespace
 
-void Build_Root_Tables(Database& db, Edit_Copy& copy, const std::vector<std::uint8_t>& Grid_RootBad,
-                       Dialogue& dialogue) {
+std::string Build_Root_Tables(Database& db, Edit_Copy& copy,
+                              const std::vector<std::uint8_t>& Grid_RootBad, Dialogue& dialogue) {
   Root_Builder builder(db, copy, dialogue);
   builder.Read_Nodes();
   builder.Read_Airways(Grid_RootBad);
@@ -299,8 +303,8 @@ void Build_Root_Tables(Database& db, Edit_Copy& copy, const std::vector<std::uin
   builder.Ask_About_Changes();
   builder.Check_Connections();
   builder.Rebuild();
-  builder.Tell_Left_Out();
   builder.Show_Tables();
+  return builder.Left_Out();
 }
 
 }  // namespace branok

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "core/dialogue.h"
@@ -15,8 +16,8 @@ namespace branok {
 /// and the answer is written into the row's name. Then the grids of airways and nodes show the
 /// tables; rows that name no airway keep their texts behind them. A fault ends the check through
 /// Check_Fault; nothing in the tables has changed then. Raises Run_Time_Error when a table holds a
-/// node number that is none.
-void Build_Root_Tables(Database& db, Edit_Copy& copy, const std::vector<std::uint8_t>& Grid_RootBad,
-                       Dialogue& dialogue);
+/// node number that is none. Returns what is to be said of the rows that name no airway.
+std::string Build_Root_Tables(Database& db, Edit_Copy& copy,
+                              const std::vector<std::uint8_t>& Grid_RootBad, Dialogue& dialogue);
 
 }  // namespace branok

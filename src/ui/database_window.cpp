@@ -72,6 +72,7 @@ MDIData::MDIData(Database& db, Edit_Copy& copy, Edit_History& history, QWidget* 
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(4, 4, 4, 4);
   rows->addWidget(tabData);
+  tabData->tabBar()->installEventFilter(this);
   make_page_keys();
   connect(tabData, &QTabWidget::currentChanged, this, &MDIData::page_turned);
   connect(qApp, &QApplication::focusChanged, this, &MDIData::tell_target);
@@ -211,16 +212,22 @@ void MDIData::make_page_keys() {
 // The keyboard goes to the page, unless it is at the tabs to turn on, or in another window.
 void MDIData::page_turned() {
   finish_typing();
-  page_shown_ = tabData->currentIndex();
   const bool here = isAncestorOf(QApplication::focusWidget());
-  if (here && !at_tabs_) first_field()->setFocus();
+  if (here && !by_arrows_) first_field()->setFocus();
+  by_arrows_ = false;
   tell_target();
 }
 
-// A page that is hidden may leave the keyboard to the tabs: while it is turned that does not count.
+// Arrow keys on the tabs go from page to page and stay there.
+bool MDIData::eventFilter(QObject* object, QEvent* event) {
+  if (object == tabData->tabBar()) {
+    if (event->type() == QEvent::KeyPress) by_arrows_ = true;
+    if (event->type() == QEvent::KeyRelease) by_arrows_ = false;
+  }
+  return QWidget::eventFilter(object, event);
+}
+
 void MDIData::note_focus(QWidget* now) {
-  const QTabBar* const tabs = tabData->tabBar();
-  if (tabs->currentIndex() == page_shown_) at_tabs_ = now == tabs;
   if (!away_ && isVisible() && isAncestorOf(now)) last_focus_ = now;
 }
 
@@ -264,6 +271,8 @@ void MDIData::load() {
   apply_options();
   refresh();
   tabData->setCurrentIndex(network_page);
+  last_focus_ = first_field();
+  if (isAncestorOf(QApplication::focusWidget())) last_focus_->setFocus();
   tell_target();
 }
 

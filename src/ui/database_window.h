@@ -58,6 +58,8 @@ class MDIData : public QWidget {
   /// Goes to a place of the copy; without a row, to its page.
   void show_place(const Edit_Place& place);
 
+  [[nodiscard]] QSize sizeHint() const override { return {940, 600}; }
+
   void apply_font(const QFont& font);
   /// The data options have changed.
   void apply_options();
@@ -77,6 +79,7 @@ class MDIData : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   struct Folder_Page {
@@ -114,8 +117,7 @@ class MDIData : public QWidget {
   QPointer<QWidget> last_focus_;  // while the window was in sight
   bool away_ = false;
   bool shown_before_ = false;
-  int page_shown_ = 0;
-  bool at_tabs_ = false;  // the keyboard, before a page is turned
+  bool by_arrows_ = false;  // a key turns the page on the tabs
 };
 
 }  // namespace branok

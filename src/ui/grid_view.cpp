@@ -44,6 +44,22 @@ class Without_Grips : public QProxyStyle {
   }
 };
 
+// While it lives, widths are the program's own and no drag of the user's. A fit may cause another:
+// a scroll bar comes, and the columns have less room.
+class Own_Widths {
+ public:
+  explicit Own_Widths(bool& fitting) : fitting_(fitting), before_(fitting) { fitting_ = true; }
+  Own_Widths(const Own_Widths&) = delete;
+  Own_Widths& operator=(const Own_Widths&) = delete;
+  Own_Widths(Own_Widths&&) = delete;
+  Own_Widths& operator=(Own_Widths&&) = delete;
+  ~Own_Widths() { fitting_ = before_; }
+
+ private:
+  bool& fitting_;
+  bool before_;
+};
+
 }  // namespace
 
 Grid_View::Grid_View(Text_Grid& grid, QWidget* parent) : Grid_View(grid, nullptr, parent) {}
@@ -148,7 +164,7 @@ bool Grid_View::is_empty() const {
 
 void Grid_View::fit_columns() {
   const int digit = fontMetrics().horizontalAdvance('0');
-  fitting_ = true;
+  const Own_Widths own(fitting_);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cell_margin);
   verticalHeader()->setFixedWidth(
       model_.titles_are_cells()
@@ -159,7 +175,6 @@ void Grid_View::fit_columns() {
   }
   const int line = horizontalHeader()->fontMetrics().lineSpacing();
   horizontalHeader()->setFixedHeight(2 * line + 2 * cell_margin);
-  fitting_ = false;
   make_texts_give_way();
 }
 
@@ -177,23 +192,21 @@ void Grid_View::make_texts_give_way() {
     room += slack(col);
   }
   if (missing > room) missing = 0;
-  fitting_ = true;
+  const Own_Widths own(fitting_);
   for (const int col : columns) {
     const int part = missing > 0 ? missing * slack(col) / room : 0;
     setColumnWidth(col, text_width(col) - part);
     missing -= part;
     room -= slack(col);
   }
-  fitting_ = false;
 }
 
 int Grid_View::least_characters(int /*col*/) const { return 0; }
 
 void Grid_View::widen_column(int col) {
   if (dragged_.contains(col)) return;
-  fitting_ = true;
+  const Own_Widths own(fitting_);
   setColumnWidth(col, std::max(columnWidth(col), text_width(col)));
-  fitting_ = false;
   make_texts_give_way();
 }
 

@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <algorithm>
 
 #include "core/faults.h"
 #include "ui/one_line.h"
@@ -160,6 +161,9 @@ std::optional<std::string> Qt_Dialogue::ask(std::string_view prompt, std::string
   box.setObjectName("boxInput");
   box.setWindowTitle(To_Qt(title));
   box.setLabelText(To_Qt(prompt));
+  constexpr int window_buttons = 140;  // pixels
+  const int title_width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + window_buttons;
+  box.resize(std::max(title_width, box.sizeHint().width()), box.sizeHint().height());
   if (auto* const text = box.findChild<QLineEdit*>()) Keep_To_One_Line(text);
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue().toStdString();

@@ -64,7 +64,13 @@ void Start_Page::show_recent(const Settings& settings) {
   add("Analyse the present mine (Ctrl+2)", "window-analysis", "cmdStartAnalysis", "mnuWinSelCom",
       1);
   add("Read the guide (F1)", "help", "cmdStartHelp", "mnuHelpComBRN", -1);
-  findChild<QCommandLinkButton*>("cmdStartOpen")->setFocus();
+  if (isVisible()) findChild<QCommandLinkButton*>("cmdStartOpen")->setFocus();
+}
+
+// Behind a window the page must not ask for the keyboard.
+void Start_Page::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (auto* const open = findChild<QCommandLinkButton*>("cmdStartOpen")) open->setFocus();
 }
 
 }  // namespace branok

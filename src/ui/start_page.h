@@ -21,6 +21,9 @@ class Start_Page : public QWidget {
   /// A button asks for the menu command of this name.
   void command(const QString& name, int index);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void add(const QString& caption, const char* icon, const char* name, const char* command,
            int index);

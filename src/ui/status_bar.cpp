@@ -82,7 +82,6 @@ Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
   mine_ = field("stbMine", "Name of the mine");
   file_ = field("stbFile", "Data file of the mine");
   edits_ = field("stbEdits", "Edits that wait for Check and Fix Data");
-  edits_->hide();
   results_ = field("stbResults", "What the results are of");
   caps_ = field("stbCaps", "Caps Lock");
   num_ = field("stbNum", "Num Lock");
@@ -131,8 +130,7 @@ void Status_Bar::show_mine(const Database& db, const std::filesystem::path& file
 }
 
 void Status_Bar::show_unchecked(const QStringList& pages) {
-  edits_->setVisible(!pages.isEmpty());
-  edits_->setText("Unchecked edits");
+  edits_->setText(pages.isEmpty() ? QString() : QString("Unchecked edits"));
   edits_->setToolTip("Check and Fix Data (F9) takes in the edits of: " + pages.join(", "));
 }
 

@@ -327,6 +327,37 @@ TEST_F(Database_Commands, Without_A_Fan_There_Is_No_Diagram) {
   EXPECT_EQ(control<QLabel>("stbRemark")->toolTip(), "This mine has no main fan");
 }
 
+TEST_F(Database_Commands, A_Save_Leaves_The_Window_On_Top_And_The_Keyboard_Where_It_Is) {
+  open(mine("mine-a.abk"));
+  give("mnuWinSelCom0");
+  type_at(airways, "grdRoot", 1, 4, "321");
+  user_.answers = {QMessageBox::No};
+  give("mnuFileComSave");
+  EXPECT_EQ(window_->window_tag(), "database");
+  EXPECT_TRUE(grid("grdRoot")->hasFocus());
+  type_at(airways, "grdRoot", 2, 1, "abc");
+  user_.answers = {QMessageBox::Yes};
+  give("mnuFileComSave");
+  EXPECT_EQ(window_->window_tag(), "database");
+  EXPECT_EQ(grid("grdRoot")->currentIndex(), grid("grdRoot")->model()->index(1, 1));
+  EXPECT_TRUE(grid("grdRoot")->hasFocus());
+}
+
+TEST_F(Database_Commands, A_Mine_Opened_Over_Another_Has_Its_Widths_And_The_Keyboard) {
+  for (int time = 0; time < 2; ++time) {
+    open(mine("mine-a.abk"));
+    give("mnuWinSelCom0");
+    at(airways, "grdRoot", 1, 1);
+  }
+  open(mine("mine-c.abk"));
+  EXPECT_EQ(window_->window_tag(), "database");
+  const int wide = grid("grdRoot")->columnWidth(root_column::fric);
+  EXPECT_GE(wide, grid("grdRoot")->fontMetrics().horizontalAdvance("0.001213"));
+  EXPECT_TRUE(control<QLineEdit>("txtMine")->hasFocus());
+  QTest::keyClick(control<QLineEdit>("txtMine"), Qt::Key_N, Qt::AltModifier);
+  EXPECT_TRUE(grid("grdNode")->hasFocus());
+}
+
 TEST_F(Database_Commands, A_Typed_Name_Does_Not_Go_Unasked) {
   give("mnuFileComNew");
   QTest::keyClicks(control<QLineEdit>("txtMine"), "x");
@@ -439,14 +470,14 @@ TEST_F(Database_Commands, Save_Offers_The_Check_And_Tells_Of_Unchecked_Edits) {
   open(file);
   give("mnuWinSelCom0");
   type_at(airways, "grdRoot", 1, 4, "321");
-  EXPECT_TRUE(control<QLabel>("stbEdits")->isVisible());
+  EXPECT_EQ(status("stbEdits"), "Unchecked edits");
   user_.answers = {QMessageBox::No};
   give("mnuFileComSave");
   EXPECT_TRUE(control<QLabel>("stbRemark")->toolTip().contains("without the unchecked edits"));
   user_.answers = {QMessageBox::Yes};
   give("mnuFileComSave");
   EXPECT_TRUE(user_.saw("The data are all right !"));
-  EXPECT_FALSE(control<QLabel>("stbEdits")->isVisible());
+  EXPECT_EQ(status("stbEdits"), "");
   Database read;
   Comment_Template comments;
   Test_Dialogue quiet;
@@ -477,7 +508,7 @@ TEST_F(Database_Commands, Reset_Takes_The_Edits_Back) {
   give("mnuDataReset");
   EXPECT_EQ(user_.boxes.back().title, "Reset Database");
   EXPECT_EQ(cell("grdRoot", 1, 4), "100");
-  EXPECT_FALSE(control<QLabel>("stbEdits")->isVisible());
+  EXPECT_EQ(status("stbEdits"), "");
 }
 
 TEST_F(Database_Commands, Fans_Come_And_Go_By_Their_Buttons) {

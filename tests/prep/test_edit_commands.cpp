@@ -175,6 +175,37 @@ TEST(Paste_Folder, Pictures_Follow_The_Airways_Of_A_Sorted_Table) {
   EXPECT_EQ(mine.copy.Grid_RootPict[4][1], "");
 }
 
+TEST(Paste_Folder, Pictures_Come_Back_With_An_Airway_That_Was_Cut) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  for (const int slot : {1, 2, 3}) {
+    Set_Picture_Name(mine.copy, Folder::airway, 3, slot, std::to_string(slot) + ".png");
+  }
+  Text_Grid& grid = mine.copy.grdRoot;
+  const Picture_Row names = mine.copy.Grid_RootPict[3];
+  grid.select(3, 0, 3, 0);  // the name alone
+  const std::string name = grid.Clip() + '\r';
+  Empty_Cells(mine.db, mine.copy, Folder::airway);
+  Paste_Folder(mine.db, mine.copy, Folder::airway, name);
+  EXPECT_EQ(mine.copy.Grid_RootPict[3], names);
+  grid.select(3, 0, 3, root_column::comment);  // the whole row, to another place
+  const std::string row = grid.Clip() + '\r';
+  Empty_Cells(mine.db, mine.copy, Folder::airway);
+  grid.select(5, 0, 5, 0);
+  Paste_Folder(mine.db, mine.copy, Folder::airway, row);
+  EXPECT_EQ(mine.copy.Grid_RootPict[5], names);
+  EXPECT_EQ(mine.copy.Grid_RootPict[3], Picture_Row());
+}
+
+TEST(Paste_Folder, Rows_That_Are_Added_Are_Numbered_On) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  mine.copy.grdInlet.select(15, 1, 15, 1);
+  Paste_Folder(mine.db, mine.copy, Folder::inlet, "1\r2\r");
+  EXPECT_EQ(mine.copy.grdInlet.text(16, 0), "No. 16");
+  mine.copy.grdAFan.select(20, 1, 20, 1);
+  Paste_Folder(mine.db, mine.copy, Folder::assistfan, "1\r2\r3\r");
+  EXPECT_EQ(mine.copy.grdAFan.text(22, 0), "# 22");
+}
+
 TEST(Empty_Cells, A_Row_That_Becomes_Blank_Has_No_Pictures_Left) {
   Edit_Mine mine = Edit_Mine::Sample();
   Set_Picture_Name(mine.copy, Folder::airway, 2, 3, "three.png");
