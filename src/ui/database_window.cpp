@@ -83,6 +83,7 @@ MDIData::MDIData(Database& db, Edit_Copy& copy, Edit_History& history, QWidget* 
 // Pages that go one by one are no turn of page.
 MDIData::~MDIData() {
   disconnect(qApp, nullptr, this, nullptr);
+  tabData->tabBar()->removeEventFilter(this);
   tabData->blockSignals(true);
   delete tabData;
 }
