@@ -124,9 +124,6 @@ void Derive_Marks(Database& db) {
   for (int i = 1; i <= max_nodes; ++i) {
     db.Node_Type[i] = 0;
     db.Node_Used[i] = db.Node_JuncCount[i] > 0 ? 1 : 0;
-    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
-      db.Root_Type(j, i) = Regulator_Class(db.Root_Resist(j, i), db.Root_TypeMark);
-    }
   }
   for (int k = 1; k <= db.Inlet_Total; ++k) {
     db.Node_Type[db.Inlet_Node[k]] = 1;
@@ -139,6 +136,15 @@ void Derive_Marks(Database& db) {
     db.Node_Used[suction] = 1;
     db.MFan_Ratio[f] =
         db.MFan_StdRpm[f] == 0 ? 1.0F : To_Single(double{db.MFan_DriveRpm[f]} / db.MFan_StdRpm[f]);
+  }
+  Refresh_Regulator_Classes(db);
+}
+
+void Refresh_Regulator_Classes(Database& db) {
+  for (int i = 1; i <= max_nodes; ++i) {
+    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
+      db.Root_Type(j, i) = Regulator_Class(db.Root_Resist(j, i), db.Root_TypeMark);
+    }
   }
   for (int k = 1; k <= db.AFan_Total; ++k) {
     const int suction = db.AFan_Suction[k];
@@ -168,16 +174,6 @@ void Derive_After_Load(Database& db) {
   for (int f = 1; f <= db.MFan_Total; ++f) {
     Fill_Fan_Page(db, f);
     db.MFan_Press[f] = std::abs(db.Node_Press[db.MFan_Suction[f]]);
-  }
-}
-
-void Refresh_Regulator_Classes(Database& db) {
-  constexpr int assist_fan = 2;
-  for (int i = 1; i <= db.Node_Total; ++i) {
-    for (int j = 1; j <= db.Node_JuncCount[i]; ++j) {
-      if (std::abs(db.Root_Type(j, i)) == assist_fan) continue;
-      db.Root_Type(j, i) = Regulator_Class(db.Root_Resist(j, i), db.Root_TypeMark);
-    }
   }
 }
 

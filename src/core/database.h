@@ -273,8 +273,8 @@ void Derive_Marks(Database& db);
 /// Run_Time_Error when a number is outside its table or a loaded temperature is impossible.
 void Derive_After_Load(Database& db);
 
-/// The regulator classes of all airways anew, after the marks have changed. The two ends of an
-/// assist fan keep theirs.
+/// The regulator classes of all airways, with the assist fans' 2 and -2 at their two ends: part of
+/// the marks, and anew after the limits of the classes have changed.
 void Refresh_Regulator_Classes(Database& db);
 
 /// The temperature band of the 3-D colours from the extremes of the airway temperatures, deg C:

@@ -217,8 +217,10 @@ Paste_Result Paste_Insert(Database& db, Edit_Copy& copy, std::string_view text) 
   Insert_Empty_Rows(copy, row, extent.rows);
   grid.Row = row;
   Edit_Flag(db, Folder::airway) = 1;
+  const Hidden_Pictures before(copy);
   Select_And_Fill(grid, extent, text);
   Take_Picture_Column(copy, Folder::airway);
+  before.restore(copy);
   Leave_Empty_Row(copy);
   return extent;
 }

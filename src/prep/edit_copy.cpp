@@ -196,14 +196,26 @@ void Fill_Folder(const Database& db, Edit_Copy& copy, Folder folder) {
   }
 }
 
-bool Same_Texts(const Edit_Copy& a, const Edit_Copy& b, Folder folder) {
-  const Picture_Rows* const names = a.pictures(folder);
-  return a.grid(folder) == b.grid(folder) && (names == nullptr || *names == *b.pictures(folder));
+// The folder's texts are what the tables give, with the digits that were typed.
+bool Is_As_Filled(const Database& db, const Edit_Copy& copy, Folder folder) {
+  Edit_Copy filled;
+  filled.grid(folder) = copy.grid(folder);
+  Fill_Folder(db, filled, folder);
+  const Picture_Rows* const names = copy.pictures(folder);
+  return copy.grid(folder) == filled.grid(folder) &&
+         (names == nullptr || *names == *filled.pictures(folder));
 }
 
 // The fans' work copy follows what is tested, so the pages are compared with what they were.
 bool Same_Pages(const Database& db, const Edit_Copy& copy) {
   return copy.MFan_GridTotal == db.MFan_Total && copy.fan_pages == copy.checked_pages;
+}
+
+std::int16_t Database::*Flag_Of(Folder folder) {
+  constexpr std::array<std::int16_t Database::*, folder_count> flags = {
+      &Database::Edit_Root, &Database::Edit_Node, &Database::Edit_Inlet,
+      &Database::Edit_MFan, &Database::Edit_AFan, &Database::Edit_Thermo};
+  return flags.at(static_cast<std::size_t>(folder));
 }
 
 bool Ends_A_Cell(char c) { return c == '\r' || c == '\n' || c == '\t'; }
@@ -307,13 +319,7 @@ int Picture_Column(Folder folder) {
 
 void Fill_Database_Window(const Database& db, Edit_Copy& copy) {
   Edit_Copy fresh;
-  fresh.fan_in_front = copy.fan_in_front;
-  for (const Folder folder : all_folders) {
-    Fill_Folder(db, fresh, folder);
-    if (folder == Folder::mainfan) continue;
-    const Text_Grid& shown = copy.grid(folder);
-    fresh.grid(folder).select(shown.Row, shown.Col, shown.RowSel, shown.ColSel);
-  }
+  for (const Folder folder : all_folders) Fill_Folder(db, fresh, folder);
   copy = std::move(fresh);
 }
 
@@ -432,13 +438,11 @@ std::string Format_Fan_Field(int field, std::string_view text) {
 }
 
 std::vector<Folder> Unchecked_Folders(const Database& db, const Edit_Copy& copy) {
-  Edit_Copy checked = copy;
   std::vector<Folder> unchecked;
   for (const Folder folder : all_folders) {
     if (Edit_Flag(db, folder) == 0) continue;
-    Fill_Folder(db, checked, folder);
     const bool same =
-        folder == Folder::mainfan ? Same_Pages(db, copy) : Same_Texts(copy, checked, folder);
+        folder == Folder::mainfan ? Same_Pages(db, copy) : Is_As_Filled(db, copy, folder);
     if (!same) unchecked.push_back(folder);
   }
   return unchecked;
@@ -458,41 +462,8 @@ std::optional<double> Fan_Field_Number(const Fan_Page& page, int field) {
   }
 }
 
-std::int16_t Edit_Flag(const Database& db, Folder folder) {
-  switch (folder) {
-    case Folder::airway:
-      return db.Edit_Root;
-    case Folder::node:
-      return db.Edit_Node;
-    case Folder::inlet:
-      return db.Edit_Inlet;
-    case Folder::mainfan:
-      return db.Edit_MFan;
-    case Folder::assistfan:
-      return db.Edit_AFan;
-    case Folder::thermal:
-      break;
-  }
-  return db.Edit_Thermo;
-}
-
-std::int16_t& Edit_Flag(Database& db, Folder folder) {
-  switch (folder) {
-    case Folder::airway:
-      return db.Edit_Root;
-    case Folder::node:
-      return db.Edit_Node;
-    case Folder::inlet:
-      return db.Edit_Inlet;
-    case Folder::mainfan:
-      return db.Edit_MFan;
-    case Folder::assistfan:
-      return db.Edit_AFan;
-    case Folder::thermal:
-      break;
-  }
-  return db.Edit_Thermo;
-}
+std::int16_t Edit_Flag(const Database& db, Folder folder) { return db.*Flag_Of(folder); }
+std::int16_t& Edit_Flag(Database& db, Folder folder) { return db.*Flag_Of(folder); }
 
 void Note_Edit(Database& db, Folder folder) {
   Edit_Flag(db, folder) = 1;

@@ -132,7 +132,7 @@ struct Edit_Place {
 
 // --- From the tables to the texts
 
-/// Fills all grids from the tables alone; what is current and selected in them stays.
+/// Fills all grids anew; nothing is current or selected in them then.
 void Fill_Database_Window(const Database& db, Edit_Copy& copy);
 
 /// The single folders. Where a picture would lose digits of a number that a text in the grid holds,

@@ -3,22 +3,14 @@
 #include <algorithm>
 
 #include "prep/airway_name.h"
+#include "prep/check_rows.h"
 
 namespace branok {
 
 namespace {
 
-int Node_Number(std::string_view text) {
-  if (Trim(text).empty()) return 0;
-  try {
-    return Parse_Int16(text);
-  } catch (const Run_Time_Error&) {
-    return 0;
-  }
-}
-
 Airway_Nodes Named_Nodes(const Text_Grid& grid, Folder folder, int row) {
-  const auto node = [&](int col) { return Node_Number(grid.text(row, col)); };
+  const auto node = [&](int col) { return Whole_Number(grid.text(row, col)).value_or(0); };
   switch (folder) {
     case Folder::airway:
       return Get_Row_Nodes(grid.text(row, root_column::name)).value_or(Airway_Nodes{});

@@ -107,7 +107,7 @@ void Edit_Grid::refresh() {
   verticalScrollBar()->setValue(scrolled.y());
   place_editor();
   viewport()->update();
-  emit current_changed(currentIndex().row() + Text_Grid::FixedRows);
+  emit current_changed();
 }
 
 // Selects on the screen what is selected in the grid. The cell that was current stays so inside of
@@ -323,12 +323,12 @@ bool Edit_Grid::eventFilter(QObject* object, QEvent* event) {
       break;
     }
     case QEvent::FocusIn:
-      emit editor_focus(true);
+      emit editor_focus();
       break;
     case QEvent::FocusOut:
       if (keyboard_has_gone(*static_cast<QFocusEvent*>(event))) {
         commit_editor();
-        emit editor_focus(false);
+        emit editor_focus();
       }
       break;
     default:
@@ -482,7 +482,7 @@ void Edit_Grid::currentChanged(const QModelIndex& now, const QModelIndex& before
   if (refreshing_) return;
   if (editing_ && (now.column() != cell_.x() || now.row() != cell_.y())) commit_editor();
   take_selection();
-  emit current_changed(now.row() + Text_Grid::FixedRows);
+  emit current_changed();
 }
 
 void Edit_Grid::selectionChanged(const QItemSelection& now, const QItemSelection& before) {

@@ -23,7 +23,6 @@ class Edit_Grid : public Frozen_Grid_View {
   /// Database and copy must outlive the grid.
   Edit_Grid(Database& db, Edit_Copy& copy, Folder folder, QWidget* parent);
 
-  [[nodiscard]] Folder folder() const { return folder_; }
   [[nodiscard]] QLineEdit* editor() { return editor_; }
   [[nodiscard]] bool editing() const { return editing_; }
 
@@ -59,10 +58,10 @@ class Edit_Grid : public Frozen_Grid_View {
   void edited();
   /// The first change of a text in the editor.
   void keystroke();
-  /// The current row, 0 when there is none.
-  void current_changed(int row);
+  /// Another row may be current.
+  void current_changed();
   /// The editor has got or lost the keyboard.
-  void editor_focus(bool in);
+  void editor_focus();
   /// The user asks for the menu of what is selected, at a place of the screen.
   void context_menu(const QPoint& global);
 

@@ -86,12 +86,16 @@ class Arrow_Pointer {
 };
 
 // A short text must not cut the title.
+int Width_Of_Title(const QDialog& box) {
+  constexpr int window_buttons = 140;  // pixels
+  return box.fontMetrics().horizontalAdvance(box.windowTitle()) + window_buttons;
+}
+
 void Widen_For_Title(QMessageBox& box) {
   auto* const grid = qobject_cast<QGridLayout*>(box.layout());
   if (grid == nullptr) return;
-  constexpr int window_buttons = 140;  // pixels
-  const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + window_buttons;
-  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  grid->addItem(new QSpacerItem(Width_Of_Title(box), 0), grid->rowCount(), 0, 1,
+                grid->columnCount());
 }
 
 }  // namespace
@@ -161,9 +165,7 @@ std::optional<std::string> Qt_Dialogue::ask(std::string_view prompt, std::string
   box.setObjectName("boxInput");
   box.setWindowTitle(To_Qt(title));
   box.setLabelText(To_Qt(prompt));
-  constexpr int window_buttons = 140;  // pixels
-  const int title_width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + window_buttons;
-  box.resize(std::max(title_width, box.sizeHint().width()), box.sizeHint().height());
+  box.resize(std::max(Width_Of_Title(box), box.sizeHint().width()), box.sizeHint().height());
   if (auto* const text = box.findChild<QLineEdit*>()) Keep_To_One_Line(text);
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue().toStdString();

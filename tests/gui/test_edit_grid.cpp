@@ -58,7 +58,7 @@ class Edit_Grid_Test : public testing::Test {
     QTest::mouseClick(view->viewport(), Qt::LeftButton, with, middle(row, col));
   }
   [[nodiscard]] std::string text(int row, int col) const {
-    return copy.grid(view->folder()).text(row, col);
+    return view->rows().grid().text(row, col);
   }
   [[nodiscard]] QVariant look(int row, int col, int role) const {
     return view->model()->index(row - 1, col).data(role);

@@ -196,6 +196,21 @@ TEST(Paste_Folder, Pictures_Come_Back_With_An_Airway_That_Was_Cut) {
   EXPECT_EQ(mine.copy.Grid_RootPict[3], Picture_Row());
 }
 
+TEST(Paste_Insert, Pictures_Come_Back_With_An_Airway_That_Was_Cut) {
+  Edit_Mine mine = Edit_Mine::Sample();
+  Set_Picture_Name(mine.copy, Folder::airway, 3, 1, "one.png");
+  Set_Picture_Name(mine.copy, Folder::airway, 3, 2, "two.png");
+  Set_Picture_Name(mine.copy, Folder::airway, 4, 2, "other.png");
+  Text_Grid& grid = mine.copy.grdRoot;
+  grid.select(3, 0, 3, root_column::comment);
+  const std::string row = grid.Clip() + '\r';
+  Empty_Cells(mine.db, mine.copy, Folder::airway);
+  grid.select(1, 0, 1, 0);
+  Paste_Insert(mine.db, mine.copy, row);
+  EXPECT_EQ(mine.copy.Grid_RootPict[1], (Picture_Row{"one.png", "two.png", ""}));
+  EXPECT_EQ(mine.copy.Grid_RootPict[5][1], "other.png");  // of the row that has moved down
+}
+
 TEST(Paste_Folder, Rows_That_Are_Added_Are_Numbered_On) {
   Edit_Mine mine = Edit_Mine::Sample();
   mine.copy.grdInlet.select(15, 1, 15, 1);
