@@ -273,7 +273,6 @@ void MDIData::load() {
   refresh();
   tabData->setCurrentIndex(network_page);
   last_focus_ = first_field();
-  if (isAncestorOf(QApplication::focusWidget())) last_focus_->setFocus();
   tell_target();
 }
 

@@ -271,10 +271,16 @@ TEST_F(Database_Commands, The_Chosen_Font_Is_That_Of_The_Whole_Window) {
 }
 
 TEST_F(Database_Commands, A_Window_That_Comes_Back_Has_The_Keyboard_Where_It_Was) {
-  give("mnuFileComNew");
+  open(mine("mine-a.abk"));  // the Analysis window comes up
+  give("mnuWinSelCom0");
+  QTest::qWait(50);
   at(airways, "grdRoot", 3, 4);
   give("mnuWinSelCom1");
+  QTest::qWait(50);  // the other window is on the screen
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QTest::qWait(50);
   give("mnuWinSelCom0");
+  QTest::qWait(50);
   QTRY_VERIFY_WITH_TIMEOUT(grid("grdRoot")->hasFocus(), 2000);
   EXPECT_EQ(grid("grdRoot")->currentIndex().row(), 2);
   QTest::keyClick(QApplication::focusWidget(), '7');

@@ -345,6 +345,27 @@ TEST_F(Edit_Grid_Test, Ctrl_And_Shift_Select_All_On_The_Way) {
   EXPECT_EQ(copy.grdRoot.ColSel, root_column::comment);
 }
 
+TEST_F(Edit_Grid_Test, Columns_Keep_Their_Fit_When_Scroll_Bars_Come_And_Go) {
+  show(Folder::airway);
+  const Edit_Copy none;
+  Edit_Copy many = copy;
+  many.grdRoot.insert_rows(2, 200);
+  const std::string wide = "1234567890123456";
+  many.grdRoot.set_text(100, root_column::resist, wide);
+  many.grdRoot.set_text(100, root_column::comment, "a long comment of some forty characters");
+  many.fit_pictures();
+  const int digits = view->fontMetrics().horizontalAdvance(QString::fromStdString(wide));
+  for (int width = 500; width <= 1500; width += 25) {
+    view->resize(width, 400);
+    for (const Edit_Copy& mine : {many, none, many}) {
+      copy = mine;
+      view->refresh();
+      QCoreApplication::processEvents();
+    }
+    ASSERT_GE(view->columnWidth(root_column::resist), digits) << width;
+  }
+}
+
 TEST_F(Edit_Grid_Test, A_Doubtful_Text_Is_Tinted_While_It_Is_Typed) {
   show(Folder::airway);
   view->show_cell(1, root_column::area);
