@@ -1,6 +1,6 @@
 # What run.sh and test.sh share: saying what is done, installing packages, building.
 
-build_packages=(g++ cmake ninja-build libsimpleini-dev qt6-base-dev libqt6svg6 libqcustomplot-dev libxcb1-dev)
+build_packages=(g++ cmake ninja-build libsimpleini-dev qt6-base-dev qt6-svg-dev libqcustomplot-dev libxcb1-dev)
 test_packages=(libgtest-dev libbenchmark-dev libeigen3-dev locales clang-format xvfb xauth
   fonts-dejavu-core)
 

@@ -1,0 +1,32 @@
+// The colours of the pictures, as the colour dialog edits them.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "core/database.h"
+
+namespace branok {
+
+/// Which picture's colours: ten rows for "cad", thirteen for "graphic", whose last three belong to
+/// the picture in space.
+enum class Color_Set { graphic, cad };
+
+/// The rows' captions, in order; row i is entry i + 1 of the table.
+std::span<const std::string_view> Color_Captions(Color_Set set);
+
+/// A private copy of the colours, 0x00BBGGRR; entry 0 is unused.
+using Color_Copy = std::array<std::int32_t, 14>;
+
+Color_Copy Take_Colors(const Database& db, Color_Set set);
+/// Puts the copy back into the database.
+void Put_Colors(Database& db, Color_Set set, const Color_Copy& copy);
+
+/// The colours of a new mine.
+Color_Copy Default_Colors();
+/// Black on white, for paper.
+Color_Copy Mono_Colors();
+
+}  // namespace branok

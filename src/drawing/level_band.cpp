@@ -1,0 +1,34 @@
+#include "drawing/level_band.h"
+
+namespace branok {
+
+void Reset_Band(const Database& db, Graphic& graphic) {
+  constexpr int beyond = 10;  // m that the band is wider than the mine
+  graphic.Band_Low = To_Int16(db.Range_ZMin - beyond);
+  graphic.Band_High = To_Int16(db.Range_ZMax + beyond);
+}
+
+std::optional<std::int16_t> Read_Level(const Database& db, std::string_view text) {
+  try {
+    const double level = Parse_Double(text);
+    if (level < db.Range_ZMin || level > db.Range_ZMax) return std::nullopt;
+    return To_Int16(level);
+  } catch (const Run_Time_Error&) {
+    return std::nullopt;
+  }
+}
+
+void Set_Band(Graphic& graphic, std::int16_t first, std::int16_t second) {
+  if (second < first) {
+    graphic.Band_Low = first;
+    graphic.Band_High = second;
+  } else if (first < second) {
+    graphic.Band_High = first;
+    graphic.Band_Low = second;
+  } else {
+    graphic.Band_Low = To_Int16(first + 1);
+    graphic.Band_High = To_Int16(second - 1);
+  }
+}
+
+}  // namespace branok
