@@ -33,6 +33,7 @@ struct Cad {
   Airway_Directions Dirs;  ///< Cad_DirX, Cad_DirY, Cad_DirLen
 
   int Cad_InputNode = 0;  ///< the last node placed by mouse in a new drawing
+  int Cad_MoveNode = 0;   ///< the node that is being moved: not in the lists meanwhile
 };
 
 // --- Positions and marks

@@ -45,6 +45,7 @@ struct Tool {
   Command_Procedure run = nullptr;  ///< of a button that goes by the window on top
   const char* tip = "";
   const char* trap = "";
+  bool checkable = false;
 };
 
 std::span<const Tool> Toolbar_Keys();

@@ -19,6 +19,7 @@
 #include "ui/grid_clipboard.h"
 #include "ui/icon.h"
 #include "ui/main_window.h"
+#include "ui/picture_window.h"
 #include "ui/status_bar.h"
 
 namespace branok {
@@ -141,7 +142,8 @@ void BRANOK60::show_unchecked() {
 bool BRANOK60::has_unsaved_edits() const {
   const bool head_changed =
       Trim(project_.db.Mine_Name) != saved_name_ || Trim(project_.db.Mine_Date) != saved_date_;
-  return head_changed || check_ran_ || !Unchecked_Folders(project_.db, edit_).empty();
+  return head_changed || check_ran_ || drawing_edited_ ||
+         !Unchecked_Folders(project_.db, edit_).empty();
 }
 
 // The name and date that a file, or a new mine, has.
@@ -149,6 +151,7 @@ void BRANOK60::take_saved_head() {
   saved_name_ = Trim(project_.db.Mine_Name);
   saved_date_ = Trim(project_.db.Mine_Date);
   check_ran_ = false;
+  drawing_edited_ = false;
 }
 
 // --- The Database menu
@@ -310,6 +313,7 @@ void BRANOK60::Edit_Cut(int) {
 
 void BRANOK60::Edit_Copy_Command(int) {
   if (QLineEdit* const field = focused_text()) return field->copy();
+  if (const Picture_Window* const picture = picture_on_top()) return picture->copy_picture();
   if (window_tag() == "analysis") analysis_window().copy_selection();
   if (window_tag() == "database") database_window().copy_selection();
 }
@@ -317,6 +321,10 @@ void BRANOK60::Edit_Copy_Command(int) {
 void BRANOK60::Edit_Paste(int) {
   if (QLineEdit* const field = focused_text()) {
     if (!field->isReadOnly()) field->paste();
+    return;
+  }
+  if (Picture_Window* const picture = picture_on_top()) {
+    if (!picture->paste_picture()) dialogue_.remark("There is no picture on the clipboard");
     return;
   }
   const std::string text = From_Clipboard(Clipboard_Text());

@@ -21,7 +21,9 @@
 #include "core/messages.h"
 #include "prep/fan.h"
 #include "ui/analysis_window.h"
+#include "ui/cad_window.h"
 #include "ui/database_window.h"
+#include "ui/graphic_window.h"
 #include "ui/help_window.h"
 #include "ui/icon.h"
 #include "ui/qt_text.h"
@@ -163,6 +165,7 @@ void BRANOK60::build_toolbar() {
       connect(made, &QAction::triggered, same, &QAction::trigger);
     } else {
       made->setToolTip(line.tip);
+      made->setCheckable(line.checkable);
       connect(made, &QAction::triggered, this, [this, made, &line] {
         current_ = made;
         run([&] { (this->*line.run)(0); }, line.trap);
@@ -303,20 +306,28 @@ void BRANOK60::window_activated() {
   QWidget* const window = top != nullptr ? top->widget() : nullptr;
   const bool database = window != nullptr && window == data_;
   const bool analysis = window != nullptr && window == analysis_;
+  const bool graphic = window != nullptr && window == graphic_;
+  const bool cad = window != nullptr && window == cad_;
   start_page_->setVisible(area_->subWindowList().isEmpty());
-  Set_Menu_Visible(database, analysis, false, false);
-  set_window_tag(database ? "database" : analysis ? "analysis" : "none");
+  Set_Menu_Visible(database, analysis, graphic, cad);
+  set_window_tag(database   ? "database"
+                 : analysis ? "analysis"
+                 : graphic  ? "graphic"
+                 : cad      ? "cad"
+                            : "none");
+  status_->show_hint({});
   show_command_state();
 }
 
 void BRANOK60::show_command_state() {
   enable("mnuEditComUndo", false);
   enable("mnuEditComRedo", false);
-  if (window_tag() == "database") {
-    show_database_state();
-  } else {
-    show_analysis_state();
-  }
+  for (const char* const key : {"zoomin", "rect", "mark attach"}) tool(key)->setChecked(false);
+  const QString tag = window_tag();
+  if (tag == "database") return show_database_state();
+  show_analysis_state();
+  if (tag == "graphic") show_graphic_state();
+  if (tag == "cad") show_cad_state();
 }
 
 void BRANOK60::show_database_state() {
@@ -373,6 +384,7 @@ void BRANOK60::refresh_windows() {
   panel_.reset(project_.db);
   fill_grids();
   if (analysis_ != nullptr) analysis_->load();
+  load_pictures();
   show_command_state();
   refresh_status();
 }
@@ -380,6 +392,7 @@ void BRANOK60::refresh_windows() {
 void BRANOK60::refresh_status() {
   status_->show_mine(project_.db, project_.file, basis_.season(), basis_.outdated(project_.db));
   show_unchecked();
+  refresh_pictures();
 }
 
 // --- Events

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "core/settings.h"
+#include "drawing/cad.h"
 #include "files/project.h"
 #include "prep/check.h"
 #include "prep/edit_commands.h"
@@ -33,7 +34,10 @@ namespace branok {
 
 class Help_Window;
 class MDIAna;
+class MDICad;
 class MDIData;
+class MDIGraph;
+class Picture_Window;
 class Start_Page;
 class Status_Bar;
 
@@ -118,6 +122,35 @@ class BRANOK60 : public QMainWindow {
   void Analysis_Leng(int);
   void Analysis_Switch(int);
   void Analysis_Para(int);
+
+  void Graphic_Clear(int);
+  void Graphic_In(int);
+  void Graphic_Out(int);
+  void Graphic_Attach(int);
+  void Graphic_Area(int);
+  void Graphic_View(int);
+  void Graphic_Color(int);
+  void Graphic_Dim(int index);
+  void Graphic_Node_Info(int index);
+  void Graphic_Temp(int);
+  void Graphic_Para(int);
+  void Graphic_Lvl(int);
+  void Graphic_Create(int);
+
+  void CAD_Clear(int);
+  void CAD_In(int);
+  void CAD_Out(int);
+  void CAD_Attach(int);
+  void CAD_Area(int);
+  void CAD_View(int);
+  void CAD_Color(int);
+  void CAD_Airway_Info(int index);
+  void CAD_Move(int);
+  void CAD_Del(int);
+  void CAD_Frm(int);
+
+  void Picture_Save(int);
+  void Picture_Max(int);
 
   void Option_Tool(int);
   void Option_Font(int);
@@ -212,10 +245,29 @@ class BRANOK60 : public QMainWindow {
   void take_file();
   void draw_diagram(Diagram_Kind kind);
 
+  MDIGraph& graphic_window();
+  MDICad& cad_window();
+  void connect_picture(Picture_Window& window, const char* menu);
+  void add_picture(Picture_Window* window, const char* icon);
+  /// The Graphic or the CAD window when it is on top, else null.
+  [[nodiscard]] Picture_Window* picture_on_top() const;
+  void show_picked(const Pick& pick);
+  void refresh_pictures();
+  void load_pictures();
+  void show_graphic_state();
+  void show_cad_state();
+  void show_picture_tools(const std::string& mode, bool marks);
+  bool generate_cad(Cad_Source source);
+  void offer_cad();
+  void save_picture(const Picture_Window& window, const std::filesystem::path& file);
+  void drawing_edited();
+
   Project project_;
   Edit_Copy edit_;                       // of the open mine, whether its window is open or not
   Edit_History history_;                 // of the edit copy
   bool check_ran_ = false;               // since the last load or save
+  bool drawing_edited_ = false;          // likewise, of what the pictures store in the mine
+  std::int16_t color_index_on_ = 0;      // Index_On: the picture in space shows temperatures
   std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;
@@ -232,6 +284,8 @@ class BRANOK60 : public QMainWindow {
   Start_Page* start_page_ = nullptr;
   QPointer<MDIData> data_;
   QPointer<MDIAna> analysis_;
+  QPointer<MDIGraph> graphic_;
+  QPointer<MDICad> cad_;
   QPointer<Help_Window> help_;
   QAction* current_ = nullptr;  // whose command runs
 };

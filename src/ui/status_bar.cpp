@@ -107,13 +107,21 @@ QLabel* Status_Bar::field(const char* name, const QString& tip) {
 void Status_Bar::show_remark(const QString& text) {
   if (text.isEmpty() || remarks_.contains(text)) return;
   remarks_ << One_Line(text);
-  remark_->show_remarks(remarks_);
-  fit_fields();
+  show_remarks();
 }
 
 void Status_Bar::clear_remarks() {
   remarks_.clear();
-  remark_->show_remarks(remarks_);
+  show_remarks();
+}
+
+void Status_Bar::show_hint(const QString& text) {
+  hint_ = One_Line(text);
+  show_remarks();
+}
+
+void Status_Bar::show_remarks() {
+  remark_->show_remarks(hint_.isEmpty() ? remarks_ : QStringList(hint_));
   fit_fields();
 }
 
@@ -140,7 +148,7 @@ void Status_Bar::fit_fields() {
   const auto cut = [this](const QString& text, Qt::TextElideMode mode, int part) {
     return fontMetrics().elidedText(text, mode, this->width() / part);
   };
-  const bool remark = !remarks_.isEmpty();  // it has the larger part
+  const bool remark = !remarks_.isEmpty() || !hint_.isEmpty();  // it has the larger part
   mine_->setText(cut(mine_name_, Qt::ElideRight, remark ? 12 : 8));
   file_->setText(cut(file_name_, Qt::ElideLeft, remark ? 12 : 4));
   results_->setText(cut(results_text_, Qt::ElideRight, remark ? 3 : 2));

@@ -28,6 +28,8 @@ class Status_Bar : public QStatusBar {
   /// A remark: shown until the next one or the next command, in full as a tool tip.
   void show_remark(const QString& text);
   void clear_remarks();
+  /// What lies under the pointer: shown instead of the remarks until it is empty.
+  void show_hint(const QString& text);
 
   void show_mine(const Database& db, const std::filesystem::path& file, const std::string& season,
                  const std::string& outdated);
@@ -48,7 +50,10 @@ class Status_Bar : public QStatusBar {
 
   QLabel* field(const char* name, const QString& tip);
 
+  void show_remarks();
+
   QStringList remarks_;
+  QString hint_;
   Remark_Label* remark_;
   QLabel* mine_;
   QLabel* file_;

@@ -5,7 +5,9 @@
 
 #include "ui/about_dialog.h"
 #include "ui/analysis_window.h"
+#include "ui/cad_window.h"
 #include "ui/database_window.h"
+#include "ui/graphic_window.h"
 #include "ui/help_window.h"
 #include "ui/main_window.h"
 
@@ -39,15 +41,10 @@ void BRANOK60::Window_Icon(int) {
 }
 
 void BRANOK60::Window_Select(int index) {
-  enum { database, analysis };
-  if (index == database) {
-    bring_up(database_window());
-    return;
-  }
-  if (index != analysis) {
-    Not_Available_Yet(index);
-    return;
-  }
+  enum { database, analysis, graphic, cad };
+  if (index == database) return bring_up(database_window());
+  if (index == graphic) return bring_up(graphic_window());
+  if (index == cad) return bring_up(cad_window());
   const bool was_open = analysis_ != nullptr;
   bring_up(analysis_window());
   if (was_open) Analysis_Display(0);

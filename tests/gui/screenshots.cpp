@@ -12,6 +12,7 @@
 #include "ui/edit_grid.h"
 #include "ui/grid_view.h"
 #include "ui/main_window.h"
+#include "ui/picture_window.h"
 #include "user.h"
 
 namespace branok {
@@ -68,11 +69,11 @@ class Photographer {
     database(window);
     for (const char* const name :
          {"mnuAnalysisComDiagram", "mnuAnalysisComGraph", "mnuAnalysisComLeng", "mnuDataComGraph",
-          "mnuAnalysisComFind", "mnuHelpComAbout", "mnuOptionComFont", "mnuFileComSaveAs",
-          "mnuWinSelCom2"}) {
+          "mnuAnalysisComFind", "mnuHelpComAbout", "mnuOptionComFont", "mnuFileComSaveAs"}) {
       window.give_command(name);
     }
     parameters(window);
+    pictures(window);
     menus(window);
     window.give_command("mnuHelpComBRN");
     for (QWidget* const top : QApplication::topLevelWidgets()) {
@@ -80,6 +81,7 @@ class Photographer {
     }
     window.open_file(home / "DATA" / "mine-c.abk");
     take(window, "mine-c");
+    pictures(window);
     window.resize(800, 560);
     take(window, "small");
     user_.answers = {QMessageBox::Yes};
@@ -139,6 +141,38 @@ class Photographer {
     window.give_command("mnuEditComUndo");
     window.give_command("mnuDataOption");
     window.give_command("mnuWinSelCom", 1);
+  }
+
+  // Both picture windows: views, marks, labels, zoomed in, and their dialogs.
+  void pictures(BRANOK60& window) {
+    window.give_command("mnuWinSelCom", 2);
+    take(window, "graphic");
+    window.give_command("mnuGraphComAttach");
+    for (const int view : {3, 4, 2}) {
+      window.give_command("mnuGraphDim", view);
+      take(window, "graphic-view");
+    }
+    window.give_command("mnuGraphNode_Info", 1);
+    zoom_in(window, "MDIGraph", "graphic");
+    for (const char* const name : {"mnuGraphComColor", "mnuGraphComPara", "mnuGraphComLvl",
+                                   "mnuGraphComTemp", "mnuGraphComSave"}) {
+      window.give_command(name);
+    }
+    window.give_command("mnuWinSelCom", 3);
+    take(window, "cad");
+    window.give_command("mnuCADAirway_Info", 2);
+    take(window, "cad-flow");
+    zoom_in(window, "MDICad", "cad");
+    window.give_command("mnuCADComColor");
+    window.give_command("mnuCADComFrm");
+    window.give_command("mnuWinSelCom", 1);
+  }
+
+  void zoom_in(BRANOK60& window, const QString& name, const QString& title) {
+    auto* const picture = window.findChild<Picture_Window*>(name);
+    picture->show_area({0.3F, 0.3F, 0.6F, 0.6F});
+    take(window, title + "-zoom");
+    picture->show_area({});
   }
 
   void menus(BRANOK60& window) {

@@ -1,0 +1,123 @@
+#include "ui/cad_window.h"
+
+#include "drawing/paint.h"
+#include "paint/painter_surface.h"
+
+namespace branok {
+
+MDICad::MDICad(Database& db, QWidget* parent) : Picture_Window(parent), db_(db) {
+  setObjectName("MDICad");
+  setWindowTitle("CAD Window");
+}
+
+void MDICad::load() {
+  cad_ = Cad();
+  set_mode("none");
+  if (db_.Flag_Cad != 0) Cad_Normalize(db_);
+  set_view(side());
+  rebuild();
+  view_changed();
+}
+
+void MDICad::paint(Surface& surface) const {
+  if (without_info_) {
+    Paint_Lists(cad_.Lists, surface);
+  } else {
+    Cad_Paint(db_, cad_, surface);
+  }
+}
+
+QColor MDICad::back_color() const { return Color_Of(db_.Cad_Color[color::back]); }
+
+void MDICad::zoom_out() {
+  (void)Cad_Zoom_Out(db_, cad_, side());
+  rebuild();
+  view_changed();
+}
+
+void MDICad::attach_marks(bool on) {
+  cad_.Cad_Mark_Attach = on ? 1 : 0;
+  Set_Mark_Size(db_, cad_);
+  rebuild();
+}
+
+void MDICad::show_info(Airway_Info info) {
+  without_info_ = true;
+  repaint_picture();
+  paint_on_picture([this](Surface& surface) { Cad_Info_Paint(db_, cad_, surface, "erase"); });
+  without_info_ = false;
+  cad_.Cad_Airway_Info = info;
+  Cad_Info_Build(db_, cad_);
+  paint_on_picture([this](Surface& surface) { Cad_Info_Paint(db_, cad_, surface, "draw"); });
+}
+
+// --- A new drawing by mouse
+
+bool MDICad::places_nodes() const {
+  return db_.Flag_Cad == 0 && cad_.Cad_InputNode < db_.Node_Total;
+}
+
+QString MDICad::notice() const {
+  if (!places_nodes()) return {};
+  const int next = cad_.Cad_InputNode + 1;
+  const QString total = QString::number(db_.Node_Total);
+  if (db_.Node_JuncCount[next] == 0) {
+    return "Node " + QString::number(next) + " has no airways: click once to pass it over";
+  }
+  return "Click where node " + QString::number(next) + " of " + total + " lies";
+}
+
+// Only what is new is painted, as long as the drawing grows.
+void MDICad::place_node(Point at) {
+  const List_Ends before = Ends_Of(cad_.Lists);
+  Cad_Place_Node(db_, cad_, at);
+  if (db_.Flag_Cad != 0) {
+    rebuild();
+  } else {
+    paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });
+  }
+  show_cursor();
+  emit edited();
+}
+
+// --- Moving a node: it leaves the picture and follows the pointer.
+
+bool MDICad::press(Point at) {
+  if (mode() == "none" && places_nodes()) {
+    place_node(at);
+    return false;
+  }
+  if (mode() != "move") return false;
+  cad_.Cad_MoveNode = Pick_Node(ground(), at);
+  if (cad_.Cad_MoveNode == 0) return false;
+  rebuild();
+  drag(at);
+  return true;
+}
+
+void MDICad::drag(Point to) {
+  moved_ = Cad_Moved_Node(db_, cad_, cad_.Cad_MoveNode, to);
+  update_over();
+}
+
+void MDICad::release(Point at) {
+  const int node = cad_.Cad_MoveNode;
+  cancel_drag();
+  (void)Cad_Move_Node(db_, cad_, node, at);
+  emit edited();
+}
+
+void MDICad::cancel_drag() {
+  cad_.Cad_MoveNode = 0;
+  moved_.clear();
+  rebuild();
+}
+
+void MDICad::paint_over(Surface& surface) const { Paint_Lists(moved_, surface); }
+
+QCursor MDICad::own_cursor() const {
+  if (mode() == "move") return Qt::SizeAllCursor;
+  return places_nodes() ? Qt::CrossCursor : Qt::ArrowCursor;
+}
+
+}  // namespace branok

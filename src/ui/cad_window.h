@@ -1,0 +1,61 @@
+// The CAD window: the schematic of the mine, whose nodes the engineer puts where they read best.
+#pragma once
+
+#include "drawing/cad.h"
+#include "ui/picture_window.h"
+
+namespace branok {
+
+class MDICad : public Picture_Window {
+  Q_OBJECT
+ public:
+  /// The database must outlive the window. It shows what it holds once it is loaded.
+  explicit MDICad(Database& db, QWidget* parent = nullptr);
+
+  /// Shows another mine, or another drawing of it: the whole square, with marks. Without a drawing
+  /// each click places the next node.
+  void load();
+
+  [[nodiscard]] Cad& cad() { return cad_; }
+
+  void zoom_out();
+  void attach_marks(bool on);
+  /// What stands beside the airways. The labels of before are overdrawn in the colour of the
+  /// background: an airway under them has a gap until the next redraw.
+  void show_info(Airway_Info info);
+
+ signals:
+  /// A node has been placed or moved.
+  void edited();
+
+ protected:
+  [[nodiscard]] const View_Rectangle& view() const override { return cad_.View; }
+  View_Rectangle& view() override { return cad_.View; }
+  Area& selected() override { return cad_.Selected; }
+  [[nodiscard]] const Area& selected() const override { return cad_.Selected; }
+  void set_view(double side) override { Cad_SetView(db_, cad_, side); }
+  std::string build() override { return Cad_Build(db_, cad_); }
+  void paint(Surface& surface) const override;
+  [[nodiscard]] QColor back_color() const override;
+  [[nodiscard]] const Database& database() const override { return db_; }
+  [[nodiscard]] Pick_Ground ground() const override { return Ground_Of(db_, cad_); }
+  [[nodiscard]] double mark_base() const override { return cad_.Cad_Mark_Base; }
+  bool press(Point at) override;
+  void drag(Point to) override;
+  void release(Point at) override;
+  void cancel_drag() override;
+  void paint_over(Surface& surface) const override;
+  [[nodiscard]] QString notice() const override;
+  [[nodiscard]] QCursor own_cursor() const override;
+
+ private:
+  void place_node(Point at);
+  [[nodiscard]] bool places_nodes() const;
+
+  Database& db_;
+  Cad cad_;
+  Primitive_Lists moved_;      // the node that is being moved, as it lies now
+  bool without_info_ = false;  // for the moment between two kinds of labels
+};
+
+}  // namespace branok

@@ -1,0 +1,210 @@
+// The CAD window: placing, moving and picking nodes with the mouse.
+#include "ui/cad_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QSignalSpy>
+
+#include "demo_mine.h"
+#include "picture_hand.h"
+#include "support/test_doors.h"
+
+// How a failed comparison shows a text.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << qPrintable(text); }
+
+namespace branok {
+namespace {
+
+class Cad_Window : public testing::Test {
+ protected:
+  Cad_Window() {
+    Database mine = Demo_Mine();
+    Test_Dialogue dialogue;
+    Cad passing;
+    Cad_Generate(mine, passing, Cad_Source::survey, dialogue, [] {});
+    open(std::move(mine));
+  }
+
+  void open(Database mine) {
+    window.reset();
+    db = std::move(mine);
+    window = std::make_unique<MDICad>(db);
+    window->load();
+    window->resize(900, 720);
+    window->show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    QCoreApplication::processEvents();
+  }
+  [[nodiscard]] Picture_Hand hand() const { return Picture_Hand(*window); }
+  [[nodiscard]] Point node(int i) const { return {db.Node_CadX[i], db.Node_CadY[i]}; }
+  [[nodiscard]] QImage picture() const { return window->shown_picture(1); }
+
+  Database db;
+  std::unique_ptr<MDICad> window;
+};
+
+TEST_F(Cad_Window, Opens_Whole_With_Marks) {
+  EXPECT_EQ(window->objectName(), "MDICad");
+  EXPECT_EQ(window->windowTitle(), "CAD Window");
+  EXPECT_EQ(window->cad().Cad_Mark_Attach, 1);
+  EXPECT_EQ(window->shown(), View_Rectangle{});
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    EXPECT_GE(node(i).x, 0.09);
+    EXPECT_LE(node(i).y, 0.91);
+  }
+  EXPECT_GT(Pixels_Unlike(picture(), Qt::black), 1000);
+}
+
+TEST_F(Cad_Window, A_Node_Is_Dragged_And_Survey_Coordinates_Stay) {
+  const Database before = db;
+  QSignalSpy edited(window.get(), &MDICad::edited);
+  window->toggle_mode("move");
+  hand().drag(node(4), {0.77, 0.31});
+  const int moved = [&] {
+    for (int i = 1; i <= db.Node_Total; ++i) {
+      if (db.Node_CadX[i] != before.Node_CadX[i]) return i;
+    }
+    return 0;
+  }();
+  ASSERT_GT(moved, 0);
+  EXPECT_NEAR(node(moved).x, 0.77, 0.002);
+  EXPECT_NEAR(node(moved).y, 0.31, 0.002);
+  EXPECT_EQ(db.Node_EW, before.Node_EW);
+  EXPECT_EQ(db.Node_SN, before.Node_SN);
+  EXPECT_EQ(db.Node_Elev, before.Node_Elev);
+  EXPECT_EQ(edited.size(), 1);
+  EXPECT_EQ(window->mode(), "move");
+}
+
+TEST_F(Cad_Window, Escape_Puts_A_Dragged_Node_Back) {
+  const Database before = db;
+  const QImage seen = picture();
+  window->toggle_mode("move");
+  hand().press(node(4));
+  hand().move({0.77, 0.31});
+  QCoreApplication::processEvents();
+  hand().key(Qt::Key_Escape);
+  hand().release({0.77, 0.31});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(db.Node_CadX, before.Node_CadX);
+  EXPECT_EQ(picture(), seen);
+  EXPECT_EQ(window->mode(), "move");
+}
+
+TEST_F(Cad_Window, A_Press_Beside_Every_Node_Leaves_The_Mode_On) {
+  const Database before = db;
+  window->toggle_mode("move");
+  hand().drag({0.02, 0.02}, {0.5, 0.5});
+  EXPECT_EQ(db.Node_CadX, before.Node_CadX);
+  EXPECT_EQ(window->mode(), "move");
+}
+
+TEST_F(Cad_Window, A_Node_Cannot_Be_Dragged_Out_Of_The_Drawing) {
+  window->toggle_mode("move");
+  hand().drag(node(db.Node_Total), {-0.4, 1.6});
+  EXPECT_FLOAT_EQ(db.Node_CadX[db.Node_Total], 0.015F);
+  EXPECT_FLOAT_EQ(db.Node_CadY[db.Node_Total], 0.985F);
+}
+
+TEST_F(Cad_Window, While_It_Is_Moved_The_Node_Is_Not_In_The_Lists) {
+  const auto number = [&](int i) {
+    const std::string text = std::to_string(i);
+    int count = 0;
+    for (const Text_Record& record : window->cad().Lists.Text) count += record.Text == text ? 1 : 0;
+    return count;
+  };
+  EXPECT_EQ(number(4), 1);
+  window->toggle_mode("move");
+  hand().press(node(4));
+  QCoreApplication::processEvents();
+  (void)picture();
+  hand().hover({0.5, 0.5});
+  EXPECT_EQ(number(4), 0);
+  hand().release(node(4));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(number(4), 1);
+}
+
+TEST_F(Cad_Window, With_Marks_Off_Nothing_Is_Picked_Or_Moved) {
+  window->attach_marks(false);
+  QCoreApplication::processEvents();
+  const Database before = db;
+  window->toggle_mode("move");
+  hand().drag(node(4), {0.5, 0.5});
+  EXPECT_EQ(db.Node_CadX, before.Node_CadX);
+  window->toggle_mode("view");
+  QSignalSpy picked(window.get(), &Picture_Window::picked);
+  const int far = db.Node_Junc(1, 4);
+  hand().click(0.5 * (node(4) + node(far)));
+  ASSERT_EQ(picked.size(), 1);
+  EXPECT_EQ(picked.last().first().value<Pick>(), Pick{});
+}
+
+TEST_F(Cad_Window, A_New_Drawing_Takes_A_Click_For_Each_Node) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  bare.Node_CadX.fill(0);
+  bare.Node_CadY.fill(0);
+  open(std::move(bare));
+  EXPECT_TRUE(window->cad().Lists.Circle.empty());
+  const int nodes = db.Node_Total;
+  for (int i = 1; i <= nodes; ++i) {
+    EXPECT_EQ(db.Flag_Cad, 0);
+    const Point at{0.05 + 0.9 * ((i - 1) % 7) / 6.0, 0.05 + 0.9 * ((i - 1) / 7) / 6.0};
+    hand().click(at);
+    ASSERT_EQ(window->cad().Cad_InputNode, i);
+    if (db.Node_JuncCount[i] == 0) continue;
+    EXPECT_NEAR(node(i).x, at.x, 0.002);
+    EXPECT_NEAR(node(i).y, at.y, 0.002);
+  }
+  EXPECT_EQ(db.Flag_Cad, flag_true);
+  const Database drawn = db;
+  hand().click({0.5, 0.5});
+  EXPECT_EQ(db, drawn);
+}
+
+TEST_F(Cad_Window, Clicks_At_The_Edge_Are_Taken_Inside) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  open(std::move(bare));
+  hand().click({0.0, 0.999});
+  EXPECT_FLOAT_EQ(db.Node_CadX[1], 0.015F);
+  EXPECT_FLOAT_EQ(db.Node_CadY[1], 0.985F);
+}
+
+TEST_F(Cad_Window, A_Growing_Drawing_Paints_The_Same_As_A_Whole_Repaint) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  open(std::move(bare));
+  for (const Point at : {Point{0.2, 0.2}, Point{0.6, 0.25}, Point{0.4, 0.7}, Point{0.8, 0.8}}) {
+    hand().click(at);
+  }
+  const std::size_t lines = window->cad().Lists.Line.size();
+  window->rebuild();
+  QCoreApplication::processEvents();
+  (void)window->findChild<QWidget*>("picShade")->grab();
+  EXPECT_EQ(window->cad().Lists.Line.size(), lines);
+}
+
+TEST_F(Cad_Window, Labels_Of_Flows_Show_Zero_Without_Results) {
+  db.Flag_Results = 0;
+  window->show_info(Airway_Info::flow);
+  ASSERT_FALSE(window->cad().Lists.Info.empty());
+  for (const Info_Record& label : window->cad().Lists.Info) EXPECT_EQ(label.Text, "0");
+}
+
+TEST_F(Cad_Window, A_Mine_Without_Airways_Is_A_Usable_Window) {
+  Database empty;
+  Reset_Database(empty);
+  open(std::move(empty));
+  hand().click({0.5, 0.5});
+  hand().wheel({0.5, 0.5}, 3);
+  window->show_info(Airway_Info::note);
+  window->zoom_out();
+  window->toggle_mode("move");
+  hand().drag({0.1, 0.1}, {0.5, 0.5});
+}
+
+}  // namespace
+}  // namespace branok
