@@ -260,6 +260,40 @@ Message Ask_Delete_Fan(int fan) {
   return question;
 }
 
+Message Ask_Cad_Source(bool graphic) {
+  Message question = Yes_No(std::string("Gnerate rough CAD data from ") +
+                                (graphic ? "graphic picture (Yes)" : "E-W,N-S data (Yes)") +
+                                "\nDrawing CAD with mouse pointing for each node (No)",
+                            Topic::none);
+  question.beep = false;
+  return question;
+}
+
+Message Ask_Clear_Cad() {
+  Message question = Yes_No(
+      "Clear Present CAD Data. Are you sure ?\n"
+      "  If you select 'Yes' button,\n"
+      "bleak your pre CAD data file, \n"
+      "and create new CAD data from graphic data.",
+      Topic::none);
+  question.default_answer = Answer::no;
+  return question;
+}
+
+Message Cad_Generated() { return Information("Generate CAD Data !"); }
+
+Message Ask_Delete_Node(int node) {
+  Message question = Ok_Cancel("Deleted nodal No. is " + std::to_string(node) + "\nAre you sure ?");
+  question.default_answer = Answer::cancel;
+  return question;
+}
+
+Message Frame_Space_Too_Small() { return Warning("More than -50%"); }
+
+Message Nothing_Picked() {
+  return Information("There is neither a node nor an airway at this point.");
+}
+
 Message Ask_Print_Parameters() { return Yes_No("Print out parameter ?", Topic::none); }
 
 }  // namespace branok::messages

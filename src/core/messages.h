@@ -92,6 +92,21 @@ Message Data_All_Right();
 Message Ask_Reset_Database();
 Message Ask_Delete_Fan(int fan);
 
+/// Where a drawing's first positions come from: the Graphic picture or the survey coordinates
+/// (Yes), or a click for each node (No).
+Message Ask_Cad_Source(bool graphic);
+/// Before a new drawing takes the place of the present one, and after it is made.
+Message Ask_Clear_Cad();
+Message Cad_Generated();
+/// The input box for the node that leaves the network, and the question before it goes.
+inline constexpr std::string_view delete_node_prompt = "Delete Node No. ?";
+inline constexpr std::string_view delete_node_title = "Del. Node";
+Message Ask_Delete_Node(int node);
+/// A space of the drawing's frame that would turn it inside out.
+Message Frame_Space_Too_Small();
+/// A click on a picture that meets neither node nor airway.
+Message Nothing_Picked();
+
 /// Before the list of calculation parameters is printed.
 Message Ask_Print_Parameters();
 

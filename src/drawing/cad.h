@@ -38,18 +38,23 @@ struct Cad {
 
 // --- Positions and marks
 
+/// Whether the node has its place: in a new drawing by mouse only those do that were clicked.
+bool Is_Placed(const Database& db, const Cad& cad, int node);
+
 /// Where new positions come from.
 enum class Cad_Source { survey, graphic };
 
 /// Makes a new drawing: positions of all connected nodes from the survey coordinates or from the
 /// Graphic picture, node types, marks of the airways. With a drawing present it asks first, and has
 /// `keep_old` write it out; what that raises ends the command with the drawing untouched. Returns
-/// whether a drawing was made. Raises Run_Time_Error when a number is outside its table.
+/// whether a drawing was made; its positions may be metres, until Cad_Normalize. Raises
+/// Run_Time_Error when a number is outside its table.
 bool Cad_Generate(Database& db, Cad& cad, Cad_Source source, Dialogue& dialogue,
                   const std::function<void()>& keep_old);
 
-/// Brings the positions of the connected nodes to the unit square, about its centre. Does nothing
-/// without connected nodes.
+/// Brings the positions of the connected nodes to the unit square, about its centre. A node whose
+/// position is none (no number, or 1e10 and more) comes to the centre. Does nothing without
+/// connected nodes.
 void Cad_Normalize(Database& db);
 
 // --- Lists
@@ -65,8 +70,9 @@ std::string Cad_Build(Database& db, Cad& cad);
 void Cad_Frame(const Database& db, Cad& cad);
 
 /// One node or airway at the end of the lists; with any word but "draw" in the colour of the
-/// background, which wipes it from a picture. Raise Run_Time_Error when a number is outside its
-/// table.
+/// background, which wipes it from a picture. Nothing is entered for a node while marks are off,
+/// nor for an airway that does not lead to `far` or whose ends are not both placed. Raise
+/// Run_Time_Error when a number is outside its table.
 void Cad_Node(const Database& db, Cad& cad, int node, std::string_view word);
 void Cad_Airway(const Database& db, Cad& cad, int node, int far, int slot, std::string_view word);
 
@@ -100,19 +106,25 @@ Pick_Ground Ground_Of(const Database& db, const Cad& cad);
 int Cad_Place_Node(Database& db, Cad& cad, Point at);
 
 /// The parts of one node: its mark and its airways, at the lists' ends, with the word "draw" or
-/// "erase".
+/// "erase". Each airway as Cad_Build enters it, so that erasing covers what was drawn.
 void Cad_Node_Parts(const Database& db, Cad& cad, int node, std::string_view word);
 
-/// The same parts in lists of their own with the node lying at `at`: what a drag shows.
+/// The same parts in lists of their own with the node lying at `at` (within 0.015..0.985): what a
+/// drag shows.
 Primitive_Lists Cad_Moved_Node(const Database& db, const Cad& cad, int node, Point at);
 
-/// Puts a node elsewhere in the drawing and rebuilds the lists. Survey coordinates stay. Returns
-/// Cad_Build's fault.
+/// Puts a node elsewhere in the drawing (within 0.015..0.985) and rebuilds the lists. Survey
+/// coordinates stay. Returns Cad_Build's fault.
 std::string Cad_Move_Node(Database& db, Cad& cad, int node, Point to);
 
-/// Takes a node with its airways out of the tables of the network. Shape and height of the
-/// airways behind a removed one do not move with them; intakes and fans are not touched. Results
-/// do not hold any more. Raises Run_Time_Error when a number is outside its table.
+/// Asks which node leaves the network, and whether it is to. 0 when the answer is no number of a
+/// node, or no.
+int Ask_Deleted_Node(const Database& db, Dialogue& dialogue);
+
+/// Takes a node with its airways out of the tables of the network; a number above Node_Total is
+/// none. Shape and height of the airways behind a removed one do not move with them; intakes and
+/// fans are not touched. Results do not hold any more. Raises Run_Time_Error when a number is
+/// outside its table.
 void Delete_Node(Database& db, int node);
 
 /// The four spaces of the frame in percent, each above -50: the drawing shrinks away from a side by

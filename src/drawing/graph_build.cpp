@@ -1,7 +1,6 @@
 // The lists of the Graphic picture.
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "airflow/flow_run.h"
 #include "core/pictures.h"
@@ -52,10 +51,9 @@ bool Is_Shown(const Database& db, const Graphic& g, int node) {
   return db.Node_Used[node] != 0 && db.Node_JuncCount[node] > 0 && In_Band(db, g, node);
 }
 
-// A junction is labelled on its upward airways only; doors and stoppings leave no room.
+// A junction is labelled on its upward airways only.
 bool Has_Label(const Database& db, int node, int slot, const Airway_Vector& v, double unit) {
-  const int type = std::abs(int{db.Root_Type(slot, node)});
-  if (type >= 4 || type == 1 || v.len <= 4 * unit) return false;
+  if (!Has_Label_Room(db, node, slot) || v.len <= 4 * unit) return false;
   return db.Node_JuncCount[node] <= 1 || v.dy < 0 || (v.dy == 0 && v.dx < 0);
 }
 

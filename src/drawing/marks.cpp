@@ -237,6 +237,11 @@ void Node_Number(const Drawing& d, int node) {
 
 }  // namespace
 
+bool Has_Label_Room(const Database& db, int node, int slot) {
+  const int type = std::abs(int{db.Root_Type(slot, node)});
+  return type < two_doors && type != door;
+}
+
 std::string_view First_Characters(std::string_view utf8, int count) {
   std::size_t end = 0;
   for (; end < utf8.size(); ++end) {

@@ -61,6 +61,9 @@ void Build_Node(const Drawing& drawing, int node);
 /// Raises Run_Time_Error when a number is outside its table.
 void Build_Airway(const Drawing& drawing, int node, int slot);
 
+/// Whether the airway's mark leaves room for an information label: doors and stoppings do not.
+bool Has_Label_Room(const Database& db, int node, int slot);
+
 /// The first `count` characters of a text whose bytes may be UTF-8, and how many they are.
 std::string_view First_Characters(std::string_view utf8, int count);
 int Character_Count(std::string_view utf8);

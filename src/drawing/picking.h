@@ -12,7 +12,8 @@ struct Pick_Ground {
   const Node_Table<float>& X;  ///< of the nodes, as they are drawn
   const Node_Table<float>& Y;
   const Airway_Directions& directions;
-  double S;  ///< size of the marks; 0 finds nothing
+  double S;              ///< size of the marks; 0 finds nothing
+  int last = max_nodes;  ///< nodes above it are not placed yet
 };
 
 /// A node, an airway (node and slot, from its lower-numbered end), or nothing.
@@ -23,7 +24,8 @@ struct Pick {
 };
 
 /// The first node 1..Node_Total whose box of half-side S holds the point; a point on the box's edge
-/// is outside. 0 for none.
+/// is outside. A node without airways is in no picture: where it lay before its deletion nothing is
+/// found. 0 for none.
 int Pick_Node(const Pick_Ground& ground, Point at);
 
 /// The airway that lies nearest to the point, less than 2 S away; of two as near the earlier.

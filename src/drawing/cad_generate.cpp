@@ -1,0 +1,95 @@
+// The positions of a new drawing, and how they come to the unit square.
+#include <algorithm>
+#include <cmath>
+
+#include "core/messages.h"
+#include "drawing/cad.h"
+
+namespace branok {
+
+namespace {
+
+// What a position, or a drawing's extent, is below.
+constexpr double beyond = 1e10;
+
+bool Is_Position(double x, double y) { return std::abs(x) < beyond && std::abs(y) < beyond; }
+
+// Intakes, surface fans and the suction nodes of underground fans; the airways by their resistance,
+// those of an assist fan by its direction.
+void Set_Marks(Database& db) {
+  for (int i = 1; i <= db.Node_Total; ++i) db.Node_Type[i] = 0;
+  for (int k = 1; k <= db.Inlet_Total; ++k) db.Node_Type[db.Inlet_Node[k]] = 1;
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    const int suction = db.MFan_Suction[f];
+    db.Node_Type[suction] = suction == db.MFan_Discharge[f] ? 2 : 3;
+  }
+  Refresh_Regulator_Classes(db);
+}
+
+void Set_Positions(Database& db, Cad_Source source) {
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    db.Node_Used[i] = db.Node_JuncCount[i] > 0 ? 1 : 0;
+    if (db.Node_Used[i] == 0) continue;
+    if (source == Cad_Source::graphic) {
+      db.Node_CadX[i] = db.Node_GraphX[i];
+      db.Node_CadY[i] = db.Node_GraphY[i];
+    } else {
+      db.Node_CadX[i] = static_cast<float>(db.Node_EW[i]);
+      db.Node_CadY[i] = static_cast<float>(db.Node_SN[i]);
+    }
+  }
+}
+
+void Empty(Cad& cad) {
+  cad.Lists.clear();
+  cad.Dirs.clear();
+  cad.View = {};
+  cad.Selected = {};
+  cad.Cad_InputNode = 0;
+}
+
+}  // namespace
+
+bool Is_Placed(const Database& db, const Cad& cad, int node) {
+  return db.Flag_Cad != 0 || node <= cad.Cad_InputNode;
+}
+
+bool Cad_Generate(Database& db, Cad& cad, Cad_Source source, Dialogue& dialogue,
+                  const std::function<void()>& keep_old) {
+  if (db.Flag_Cad != 0) {
+    if (dialogue.show(messages::Ask_Clear_Cad()) != Answer::yes) return false;
+    keep_old();
+  }
+  // The marks come first: a number outside its table ends the command before a position is lost.
+  Set_Marks(db);
+  Empty(cad);
+  Set_Positions(db, source);
+  db.Flag_Cad = flag_true;
+  dialogue.show(messages::Cad_Generated());
+  return true;
+}
+
+void Cad_Normalize(Database& db) {
+  constexpr double filled = 0.8;       // of the unit square
+  constexpr double least_span = 1e-5;  // all nodes may lie at one spot
+  Point low{beyond, beyond};
+  Point high{-beyond, -beyond};
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    const double x = db.Node_CadX[i];
+    const double y = db.Node_CadY[i];
+    if (db.Node_JuncCount[i] <= 0 || !Is_Position(x, y)) continue;
+    low = {std::min(low.x, x), std::min(low.y, y)};
+    high = {std::max(high.x, x), std::max(high.y, y)};
+  }
+  const double w = std::max(high.x - low.x + least_span, high.y - low.y + least_span);
+  const Point centre = 0.5 * (low + high);
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    if (db.Node_JuncCount[i] <= 0) continue;
+    const Point at{db.Node_CadX[i], db.Node_CadY[i]};
+    const Point from_centre = Is_Position(at.x, at.y) ? at - centre : Point{};
+    db.Node_CadX[i] = static_cast<float>(from_centre.x * filled / w + 0.5);
+    db.Node_CadY[i] = static_cast<float>(from_centre.y * filled / w + 0.5);
+  }
+}
+
+}  // namespace branok
