@@ -35,11 +35,6 @@ Database Sample_Mine() {
   return db;
 }
 
-void Grid_Line(const Drawing& d, Point from, Point to, Point number) {
-  d.polyline({from, to}, color::grid);
-  d.text(number, color::marking, 0.5 * d.S, d.S, 0, "100");
-}
-
 }  // namespace
 
 Primitive_Lists Color_Sample(const Color_Table& colors) {
@@ -52,8 +47,10 @@ Primitive_Lists Color_Sample(const Color_Table& colors) {
                   .S = mark,
                   .colors = colors,
                   .lists = lists};
-  Grid_Line(d, {0, 0.5}, {1, 0.5}, {0.05, 0.5});
-  Grid_Line(d, {0.68, 0}, {0.68, 1}, {0.7, 0.95});
+  // Grid lines that pass the marks by, the first with its number.
+  d.polyline({{0, 0.35}, {1, 0.35}}, color::grid);
+  d.polyline({{0.6, 0}, {0.6, 1}}, color::grid);
+  d.text({0.1, 0.35}, color::marking, 0.5 * mark, mark, 0, "100");
   for (int i = 1; i <= mine.Node_Total; ++i) Build_Node(d, i);
   for (const Sample_Airway& airway : airways) {
     Build_Airway(d, airway.from, Find_Slot(mine, airway.from, airway.to));
