@@ -6,14 +6,11 @@
 
 #include "core/airway_rules.h"
 #include "core/sample.h"
+#include "core/standard_colors.h"
 
 namespace branok {
 
 namespace {
-
-constexpr std::array<std::int32_t, 10> standard_colors = {
-    RGB(0, 255, 255), RGB(255, 255, 255), RGB(255, 255, 0),   RGB(0, 255, 0), RGB(0, 255, 255),
-    RGB(255, 0, 0),   RGB(0, 255, 0),     RGB(192, 192, 192), RGB(0, 0, 128), RGB(0, 0, 0)};
 
 // A chain: node 1 to node 2, ... up to node 5; every inner node is connected to the one below it
 // and the one above it.
@@ -77,9 +74,9 @@ void Set_Default_Parameters(Database& db) {
   for (int k = 1; k <= 10; ++k) {
     db.Graph_Color[k] = db.Cad_Color[k] = standard_colors[static_cast<std::size_t>(k - 1)];
   }
-  db.MaterialColor = RGB(160, 80, 0);
-  db.BackColor = RGB(128, 128, 128);
-  db.GridColor = RGB(0, 0, 0);
+  db.MaterialColor = standard_material;
+  db.BackColor = standard_back;
+  db.GridColor = standard_grid;
 
   db.GPara_TransEW = 1000;
   db.GPara_TransNS = 100;

@@ -20,8 +20,14 @@ std::span<const std::string_view> Color_Captions(Color_Set set);
 /// A private copy of the colours, 0x00BBGGRR; entry 0 is unused.
 using Color_Copy = std::array<std::int32_t, 14>;
 
+/// The entries behind those of the flat pictures.
+namespace color {
+inline constexpr int airway_3d = 11, grid_3d = 12, back_3d = 13;
+}
+
+/// The colours of a picture. The three of the picture in space come with either set.
 Color_Copy Take_Colors(const Database& db, Color_Set set);
-/// Puts the copy back into the database.
+/// Puts the set's rows of the copy back into the database.
 void Put_Colors(Database& db, Color_Set set, const Color_Copy& copy);
 
 /// The colours of a new mine.

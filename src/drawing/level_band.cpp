@@ -1,5 +1,8 @@
 #include "drawing/level_band.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace branok {
 
 void Reset_Band(const Database& db, Graphic& graphic) {
@@ -26,8 +29,10 @@ void Set_Band(Graphic& graphic, std::int16_t first, std::int16_t second) {
     graphic.Band_High = first;
     graphic.Band_Low = second;
   } else {
-    graphic.Band_Low = To_Int16(first + 1);
-    graphic.Band_High = To_Int16(second - 1);
+    // At the end of the 16 bits the level itself is the band's end, which still belongs to it.
+    using Limits = std::numeric_limits<std::int16_t>;
+    graphic.Band_Low = static_cast<std::int16_t>(std::min(first + 1, int{Limits::max()}));
+    graphic.Band_High = static_cast<std::int16_t>(std::max(second - 1, int{Limits::min()}));
   }
 }
 

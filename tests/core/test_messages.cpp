@@ -97,5 +97,9 @@ TEST(Messages, BeforeTheParametersArePrinted) {
   EXPECT_EQ(m.buttons, Buttons::yes_no);
 }
 
+TEST(Messages, OnTheFrameOfTheCadPicture) {
+  EXPECT_EQ(messages::More_Than_Minus_50().text, "More than -50%");
+}
+
 }  // namespace
 }  // namespace branok
