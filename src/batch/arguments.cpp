@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "core/database.h"
+#include "paint/picture_file.h"
 #include "thermal/parameters.h"
 
 namespace branok {
@@ -16,25 +17,29 @@ namespace {
 struct Option {
   std::string_view word;
   Step_Kind kind;
-  std::string_view value;  // what follows the word, empty when nothing does
+  std::string_view value = {};   // what follows the word, empty when nothing does
+  std::string_view value2 = {};  // what follows that
 };
 
 constexpr std::array options = {
-    Option{"--flow", Step_Kind::flow, ""},
-    Option{"--flow-from-results", Step_Kind::flow_from_results, ""},
-    Option{"--annual", Step_Kind::annual, ""},
+    Option{"--flow", Step_Kind::flow},
+    Option{"--flow-from-results", Step_Kind::flow_from_results},
+    Option{"--annual", Step_Kind::annual},
     Option{"--season", Step_Kind::season, "MONTH"},
     Option{"--season-temperature", Step_Kind::season_temperature, "MONTH"},
     Option{"--wet", Step_Kind::wet, "area|evaporate"},
     Option{"--set", Step_Kind::set, "NAME=VALUE"},
-    Option{"--constant-temperature", Step_Kind::constant_temperature, ""},
+    Option{"--constant-temperature", Step_Kind::constant_temperature},
     Option{"--switch", Step_Kind::switch_airway, "I-J"},
-    Option{"--check", Step_Kind::check, ""},
+    Option{"--check", Step_Kind::check},
     Option{"--calculate", Step_Kind::calculate,
            "resistance|length|perimeter|friction|standard|height"},
     Option{"--save", Step_Kind::save, "FILE.abk"},
     Option{"--csv", Step_Kind::csv, "FOLDER"},
-    Option{"--table", Step_Kind::table, ""},
+    Option{"--table", Step_Kind::table},
+    Option{"--info", Step_Kind::info, "none|resistance|flow|temperature|friction|note|level|sn|ew"},
+    Option{"--marks", Step_Kind::marks, "on|off"},
+    Option{"--picture", Step_Kind::picture, "2dh|2dew|2dns|cad", "FILE.(png|svg|pdf|bmp)"},
 };
 
 std::optional<int> Whole_Number(std::string_view text) {
@@ -104,6 +109,47 @@ void Read_Calculator(Step& step) {
   step.calculator = static_cast<Calculator>(word - words.begin());
 }
 
+void Read_Info(Step& step) {
+  if (step.text == "none") {
+    step.node_info = Node_Info::none;
+    step.airway_info = Airway_Info::none;
+    return;
+  }
+  // In the order of Airway_Info and Node_Info, without "none".
+  constexpr std::array<std::string_view, 5> airway = {"resistance", "flow", "temperature",
+                                                      "friction", "note"};
+  constexpr std::array<std::string_view, 3> node = {"level", "sn", "ew"};
+  const auto* const a = std::find(airway.begin(), airway.end(), step.text);
+  const auto* const n = std::find(node.begin(), node.end(), step.text);
+  if (a != airway.end()) {
+    step.airway_info = static_cast<Airway_Info>(a - airway.begin() + 1);
+  } else if (n != node.end()) {
+    step.node_info = static_cast<Node_Info>(n - node.begin() + 1);
+  } else {
+    throw Wrong_Usage(
+        "--info takes none, resistance, flow, temperature, friction, note, level, sn or ew, not '" +
+        step.text + "'");
+  }
+}
+
+void Read_Marks(const Step& step) {
+  if (step.text != "on" && step.text != "off") {
+    throw Wrong_Usage("--marks takes 'on' or 'off', not '" + step.text + "'");
+  }
+}
+
+void Read_Picture(const Step& step) {
+  constexpr std::array<std::string_view, 4> views = {"2dh", "2dew", "2dns", "cad"};
+  if (std::find(views.begin(), views.end(), step.name) == views.end()) {
+    throw Wrong_Usage("--picture takes 2dh, 2dew, 2dns or cad, not '" + step.name + "'");
+  }
+  try {
+    Picture_Kind_Of(step.text);
+  } catch (const Run_Time_Error& error) {
+    throw Wrong_Usage(std::string("--picture: ") + error.what());
+  }
+}
+
 void Read_Value(Step& step) {
   switch (step.kind) {
     case Step_Kind::season:
@@ -117,10 +163,32 @@ void Read_Value(Step& step) {
       return Read_Airway(step);
     case Step_Kind::calculate:
       return Read_Calculator(step);
+    case Step_Kind::info:
+      return Read_Info(step);
+    case Step_Kind::marks:
+      return Read_Marks(step);
+    case Step_Kind::picture:
+      return Read_Picture(step);
     default:
       break;
   }
   if (step.text.empty()) throw Wrong_Usage("a file or folder has no name");
+}
+
+// The option's step with the values that follow its word; `w` goes to the last of them.
+Step Read_Step(const Option& option, const std::vector<std::string>& words, std::size_t& w) {
+  Step step{.kind = option.kind, .text = {}, .name = {}};
+  if (option.value.empty()) return step;
+  const std::size_t wanted = option.value2.empty() ? 1 : 2;
+  if (words.size() - w <= wanted) {
+    throw Wrong_Usage(words[w] + (wanted == 1 ? " needs a value: " : " needs two values: ") +
+                      std::string(option.value) + (wanted == 1 ? "" : " ") +
+                      std::string(option.value2));
+  }
+  if (wanted == 2) step.name = words[++w];
+  step.text = words[++w];
+  Read_Value(step);
+  return step;
 }
 
 }  // namespace
@@ -133,15 +201,7 @@ Arguments Parse_Arguments(const std::vector<std::string>& words) {
     const auto* const option = std::find_if(options.begin(), options.end(),
                                             [&](const Option& o) { return o.word == word; });
     if (option != options.end()) {
-      Step step{.kind = option->kind, .text = {}, .name = {}};
-      if (!option->value.empty()) {
-        if (++w == words.size()) {
-          throw Wrong_Usage(word + " needs a value: " + std::string(option->value));
-        }
-        step.text = words[w];
-        Read_Value(step);
-      }
-      arguments.steps.push_back(step);
+      arguments.steps.push_back(Read_Step(*option, words, w));
     } else if (word == "--quiet") {
       arguments.progress = Progress::quiet;
     } else if (word == "--trace") {
@@ -190,6 +250,13 @@ Settings, for the steps that follow
   --constant-temperature      all air takes the intake's annual average
   --switch I-J                closes the airway between nodes I and J, or opens
                               it again; one above 10000 murgue stays as it is
+  --info WHAT                 what pictures tell beside the airways: resistance
+                              (murgue), flow (m3/min), temperature (deg C),
+                              friction (factor x 1000) or note in a CAD picture;
+                              level, sn or ew (of the nodes, m) in the others;
+                              none takes away both
+  --marks on|off              pictures with numbers, doors, fans and arrows, or
+                              with airways only
 
 The network
   --check                     checks the whole mine as its grids show it, and
@@ -204,6 +271,10 @@ Output
   --save FILE.abk             writes the mine with its results
   --csv FOLDER                writes nodes.csv and airways.csv, full precision
   --table                     prints the result tables
+  --picture VIEW FILE         draws the mine as a .png, .svg, .pdf or .bmp file:
+                              2dh (plan), 2dew (E-W section), 2dns (N-S section)
+                              or cad (the arranged drawing; from the survey
+                              coordinates when the mine has none)
 
 Anywhere
   --quiet                     no progress on standard error

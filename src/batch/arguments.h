@@ -2,11 +2,14 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "drawing/cad.h"
+#include "drawing/graphic.h"
 #include "prep/calculators.h"
 
 namespace branok {
@@ -26,16 +29,21 @@ enum class Step_Kind {
   save,
   csv,
   table,
+  info,
+  marks,
+  picture,
 };
 
 struct Step {
   Step_Kind kind;
-  /// The wet-wall method, the calculator, the file, the folder, or a parameter's value.
+  /// The wet-wall method, the calculator, the file, the folder, a parameter's value, or a word.
   std::string text;
-  std::string name;  ///< a parameter's name
+  std::string name;  ///< a parameter's name, a picture's view
   int month = 0;
   int node1 = 0, node2 = 0;
   Calculator calculator = Calculator::resistance;
+  std::optional<Node_Info> node_info{};  ///< what the word says for pictures with nodal information
+  std::optional<Airway_Info> airway_info{};  ///< and for those with airway information
 };
 
 enum class Progress { normal, quiet, trace };

@@ -7,6 +7,7 @@
 #include "airflow/flow_run.h"
 #include "batch/arguments.h"
 #include "batch/output.h"
+#include "batch/pictures.h"
 #include "batch/terminal.h"
 #include "core/safe_file.h"
 #include "core/text.h"
@@ -41,11 +42,14 @@ class Session {
   Exit calculate(const Step& step);
   Exit save(const std::filesystem::path& file);
   Exit csv(const std::filesystem::path& folder);
+  Exit info(const Step& step);
+  Exit picture(const std::string& view, const std::filesystem::path& file);
   Exit refuse(const std::string& why);
 
   Database db_;
   Edit_Copy copy_;             // what a check and the calculators work on
   Comment_Template comments_;  // of the mine: they go back into its saves
+  Picture_Options options_;    // for the pictures that follow
   Terminal_Panel panel_;
   Terminal_Dialogue dialogue_;
 };
@@ -169,6 +173,31 @@ Exit Session::csv(const std::filesystem::path& folder) {
   return Exit::done;
 }
 
+Exit Session::info(const Step& step) {
+  options_.node_info = step.node_info.value_or(options_.node_info);
+  options_.airway_info = step.airway_info.value_or(options_.airway_info);
+  Print("Information in pictures: " + step.text + '\n');
+  return Exit::done;
+}
+
+Exit Session::picture(const std::string& view, const std::filesystem::path& file) {
+  Painting painting;
+  try {
+    painting = Draw_Mine(db_, view, options_, dialogue_);
+  } catch (const Run_Time_Error& error) {
+    return refuse("no picture " + view + ": " + error.what());
+  }
+  try {
+    Start_Painting();
+    Write_Picture(file, painting);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "branok-batch: %s\n", error.what());
+    return Exit::file_failed;
+  }
+  Print("Wrote picture " + view + " to " + file.string() + '\n');
+  return Exit::done;
+}
+
 Exit Session::take(const Step& step) {
   switch (step.kind) {
     case Step_Kind::flow:
@@ -207,6 +236,14 @@ Exit Session::take(const Step& step) {
     case Step_Kind::table:
       Print(Result_Tables(db_));
       return Exit::done;
+    case Step_Kind::info:
+      return info(step);
+    case Step_Kind::marks:
+      options_.marks = step.text == "on";
+      Print("Marks in pictures: " + step.text + '\n');
+      return Exit::done;
+    case Step_Kind::picture:
+      return picture(step.name, step.text);
   }
   return Exit::wrong_usage;
 }

@@ -1,17 +1,25 @@
 #include "paint/painter_surface.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
+#include <algorithm>
 #include <cmath>
 
 namespace branok {
 
 namespace {
 
+// How a digit of Times sits in a cell; with any other face in its place numbers lie as well in the
+// middle of their nodes' circles.
+constexpr double digit_width = 1.25;  // of the cell's: a cell is as wide as an average letter
+constexpr double digit_height = 0.6;  // of the cell's
+constexpr double base_line = 0.8;     // of the cell's height, from its top
+
 // Texts are written with one font and scaled to their cells, so that they have the same form at
 // every size.
 struct Face {
   QFont font;
-  double ascent, height, width;  // of its characters' cells
+  double width, height;  // of a digit
 };
 
 const Face& Times() {
@@ -19,14 +27,14 @@ const Face& Times() {
     constexpr int pixel_size = 48;
     constexpr int weight = 550;
     QFont font;
-    font.setFamilies({"Times", "Times New Roman", "Liberation Serif", "FreeSerif", "DejaVu Serif"});
+    font.setFamilies({"Times", "Times New Roman", "Liberation Serif", "Nimbus Roman", "FreeSerif",
+                      "DejaVu Serif"});
     font.setStyleHint(QFont::Serif);
     font.setPixelSize(pixel_size);
     font.setWeight(static_cast<QFont::Weight>(weight));
     font.setHintingPreference(QFont::PreferNoHinting);
     const QFontMetricsF metrics(font);
-    return Face{font, metrics.ascent(), metrics.ascent() + metrics.descent(),
-                metrics.averageCharWidth()};
+    return Face{font, metrics.horizontalAdvance('0'), metrics.tightBoundingRect("0").height()};
   }();
   return face;
 }
@@ -41,6 +49,7 @@ Painter_Surface::Painter_Surface(QPainter& painter, const QRectF& square, double
     : painter_(painter), square_(square), ratio_(ratio) {
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   painter_.setBrush(Qt::NoBrush);
+  painter_.setFont(Times().font);
 }
 
 Painter_Surface::~Painter_Surface() { Painter_Surface::finish(); }
@@ -54,8 +63,12 @@ QRectF Painter_Surface::box(Point centre, double radius) const {
   return {corner.x(), corner.y(), 2 * radius * square_.width(), 2 * radius * square_.height()};
 }
 
+// A pen is costly to take up, and most records are drawn with the one in hand.
 void Painter_Surface::set_pen(std::int32_t color, double width, Qt::PenCapStyle cap) {
-  painter_.setPen(QPen(Color_Of(color), width, Qt::SolidLine, cap, Qt::RoundJoin));
+  if (const Pen pen{color, width, cap}; pen_ != pen) {
+    painter_.setPen(QPen(Color_Of(color), width, Qt::SolidLine, cap, Qt::MiterJoin));
+    pen_ = pen;
+  }
 }
 
 void Painter_Surface::PSet(Point at, std::int32_t color, double width) {
@@ -78,20 +91,30 @@ void Painter_Surface::Line(Point to, std::int32_t color, double width) {
 }
 
 void Painter_Surface::finish() {
+  if (way_.isEmpty()) return;
+  set_pen(color_, width_, way_.size() == 1 ? Qt::RoundCap : Qt::FlatCap);
   if (way_.size() == 1) {
-    set_pen(color_, width_, Qt::RoundCap);
     painter_.drawPoint(way_.first());
-  } else if (way_.size() > 1) {
-    set_pen(color_, width_);
+  } else if (way_.size() == 2) {  // most airways: much faster than a polyline of two points
+    painter_.drawLine(way_.first(), way_.last());
+  } else {
     painter_.drawPolyline(way_);
   }
-  way_.clear();
+  way_.resize(0);  // its memory stays
 }
 
+// Bitmaps draw rings of one device pixel many times faster than wider ones, so there a circle is
+// made of as many as its pen is wide.
 void Painter_Surface::Circle(Point centre, double radius, std::int32_t color, double width) {
   finish();
-  set_pen(color, width);
-  painter_.drawEllipse(box(centre, radius));
+  const bool bitmap = painter_.paintEngine()->type() == QPaintEngine::Raster;
+  const double rings = bitmap ? std::max(1.0, std::ceil(width * ratio_)) : 1;
+  const double pen = width / rings;
+  set_pen(color, pen);
+  for (int k = 0; k < rings; ++k) {
+    const double outward = (k - (rings - 1) / 2) * pen;
+    painter_.drawEllipse(box(centre, radius).adjusted(-outward, -outward, outward, outward));
+  }
 }
 
 void Painter_Surface::Arc(Point centre, double radius, double start, double end, std::int32_t color,
@@ -106,15 +129,17 @@ void Painter_Surface::Arc(Point centre, double radius, double start, double end,
 void Painter_Surface::Text(const Text_Cell& cell, std::int32_t color, std::string_view text) {
   finish();
   const Face& face = Times();
-  painter_.save();
+  set_pen(color, 1);
+  const QTransform upright = painter_.transform();
   painter_.translate(place(cell.corner));
   painter_.rotate(-cell.escapement / 10.0);
-  painter_.scale(cell.width / ratio_ / face.width, cell.height() / ratio_ / face.height);
-  painter_.setFont(face.font);
-  painter_.setPen(Color_Of(color));
-  painter_.drawText(QPointF(0, face.ascent),
+  const double width = cell.width / ratio_;
+  const double height = cell.height() / ratio_;
+  painter_.translate(0, base_line * height);
+  painter_.scale(digit_width * width / face.width, digit_height * height / face.height);
+  painter_.drawText(QPointF(0, 0),
                     QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-  painter_.restore();
+  painter_.setTransform(upright);
 }
 
 double Painter_Surface::pixels_per_unit() const { return square_.width() * ratio_; }

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <QRectF>
+#include <optional>
 
 #include "drawing/surface.h"
 
@@ -45,6 +46,13 @@ class Painter_Surface : public Surface {
   QPolygonF way_;  // of the pen, not painted yet
   std::int32_t color_ = 0;
   double width_ = 1;
+  struct Pen {
+    std::int32_t color;
+    double width;
+    Qt::PenCapStyle cap;
+    bool operator==(const Pen&) const = default;
+  };
+  std::optional<Pen> pen_;  // in the painter's hand
 };
 
 }  // namespace branok
