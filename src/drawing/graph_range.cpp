@@ -1,6 +1,7 @@
 // The extent of the mine, its grid, and the graphic parameters that follow from them.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "drawing/graphic.h"
 #include "drawing/level_band.h"
@@ -81,6 +82,12 @@ void Set_Far_Length(Database& db, const Graphic& g) {
       std::abs(std::tan(half_view) * furthest) + Span(db.Range_ZMin, db.Range_ZMax);
 }
 
+void Open_Band(Graphic& g) {
+  using Level = std::numeric_limits<std::int16_t>;
+  g.Band_Low = Level::min();
+  g.Band_High = Level::max();
+}
+
 // How many steps of the unit a range has; small ranges get `more`.
 int Grid_Steps(double range, double unit, int least, int more) {
   const int steps = static_cast<int>(Round(range / unit));
@@ -112,13 +119,14 @@ std::string Graph_Range(Database& db, Graphic& g) {
     g.Grid_Z.fill(0);
     g.Grid_EWLast = g.Grid_SNLast = g.Grid_ZLast = 0;
     g.Grid_Unit = 0;
+    Open_Band(g);  // when no range is found, all levels are shown
     const Mine_Extent mine = Extent_Of(db);
     Set_Centre(g, mine);
     g.Grid_Unit = Unit_Of(mine);
     Set_Ranges(db, g, mine);
-    Reset_Band(db, g);  // before the grid, which a very flat or very deep mine may not get
     Set_Far_Length(db, g);
     Set_Grid(db, g, mine);
+    Reset_Band(db, g);
   });
 }
 
