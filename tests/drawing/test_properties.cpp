@@ -283,6 +283,14 @@ TEST(One_Airway, Has_A_Grid_To_Each_Side) {
   EXPECT_EQ(turned.Grid_Count, 12 + 4);
 }
 
+// The border between two units lies a little above the root of a thousand.
+TEST(Grid, Is_Coarser_From_635_Metres_On) {
+  Database db = Chain({{1000, 500, 40}, {1634, 500, 40}});
+  EXPECT_EQ(Built(db, "2dh", 1).Grid_Unit, 10);
+  db.Node_EW[2] = 1635;
+  EXPECT_EQ(Built(db, "2dh", 1).Grid_Unit, 100);
+}
+
 TEST(Grid, Counts_The_Levels_Of_The_Nodes_And_Places_The_Rounded_Ones) {
   // 30 m from -35 to -5 are rounded outward to 40 m.
   Database db = Chain({{0, 0, -35}, {100, 100, -5}});
@@ -317,6 +325,22 @@ TEST(Band, Its_Very_Ends_Belong_To_It) {
     // The airway from node 3 leads out of the band, the one from node 4 lies outside.
     EXPECT_GT(graphic.Root.DirLen(2, 3), 0);
     EXPECT_EQ(graphic.Root.DirLen(2, 4), 0);
+  }
+}
+
+// An intake lies along the picture's x axis when its airway is at least half as long again in x as
+// in y: its funnel's rim then stands upright.
+TEST(Intake, Turns_To_The_Axis_That_Its_Airway_Follows) {
+  for (const auto& [east, along_x] : {std::pair{155, true}, std::pair{145, false}}) {
+    Database db = Chain({{500, 500, 50}, {500 + east, 500, 150}});
+    db.Node_Type[2] = 1;
+    std::vector<Line_Record> rim;
+    for (const Line_Record& r : Built(db, "2dew", 1).Graph.Line) {
+      if (r.Color == color::inlet) rim.push_back(r);
+    }
+    ASSERT_EQ(rim.size(), 6U);
+    EXPECT_EQ(rim[0].X == rim[1].X, along_x) << east;
+    EXPECT_EQ(rim[0].Y == rim[1].Y, !along_x) << east;
   }
 }
 
