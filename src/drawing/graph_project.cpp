@@ -54,8 +54,10 @@ struct Section {
 
 // The later side wins although an earlier one may be wider: all sections are drawn to that scale.
 double Section_Scale(const Section& s, const Graphic& g) {
-  const double a = Round(margin * Span(s.grid[s.first], s.grid[s.last]));
-  const double b = Round(margin * Span(g.Grid_Z[g.Grid_ZFirst], g.Grid_Z[g.Grid_ZLast]));
+  // Of the counts, not of the positions: a shaft too deep for its grid is drawn without one.
+  const auto grid_span = [&](int first, int last) { return Span(first, last) * g.Grid_Unit; };
+  const double a = Round(margin * grid_span(s.first, s.last));
+  const double b = Round(margin * grid_span(g.Grid_ZFirst, g.Grid_ZLast));
   const double c = Round(margin * s.end_on);
   double divisor = c;
   if (c < a) divisor = a;

@@ -1,6 +1,7 @@
 // The extent of the mine, its grid, and the graphic parameters that follow from them.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "drawing/graphic.h"
 #include "drawing/level_band.h"
@@ -81,19 +82,26 @@ void Set_Far_Length(Database& db, const Graphic& g) {
       std::abs(std::tan(half_view) * furthest) + Span(db.Range_ZMin, db.Range_ZMax);
 }
 
+void Open_Band(Graphic& g) {
+  using Level = std::numeric_limits<std::int16_t>;
+  g.Band_Low = Level::min();
+  g.Band_High = Level::max();
+}
+
 // How many steps of the unit a range has; small ranges get `more`.
 int Grid_Steps(double range, double unit, int least, int more) {
   const int steps = static_cast<int>(Round(range / unit));
   return steps < least ? steps + more : steps;
 }
 
-void Set_Grid(const Database& db, Graphic& g) {
+void Set_Grid(const Database& db, Graphic& g, const Mine_Extent& mine) {
   const double unit = g.Grid_Unit;
   const double z_range = Span(db.Range_ZMin, db.Range_ZMax);
   g.Grid_EWFirst = g.Grid_SNFirst = g.Grid_ZFirst = 0;
   g.Grid_EWLast = Grid_Steps(Span(g.Range_EWMin, g.Range_EWMax), unit, 4, 2);
   g.Grid_SNLast = Grid_Steps(Span(g.Range_SNMin, g.Range_SNMax), unit, 3, 2);
-  const int z_steps = static_cast<int>(Round(z_range / unit));
+  // The levels are counted by the extent itself, and placed by the rounded one.
+  const int z_steps = static_cast<int>(Round(mine.z.span() / unit));
   g.Grid_ZLast = z_steps < 3 ? 3 : z_steps;
   const auto place = [&](int i, double half) { return To_Int32(unit * i - Round(half)); };
   for (int i = 0; i <= g.Grid_SNLast; ++i) g.Grid_SN[i] = place(i, 0.5 * unit * g.Grid_SNLast);
@@ -111,13 +119,14 @@ std::string Graph_Range(Database& db, Graphic& g) {
     g.Grid_Z.fill(0);
     g.Grid_EWLast = g.Grid_SNLast = g.Grid_ZLast = 0;
     g.Grid_Unit = 0;
+    Open_Band(g);  // when no range is found, all levels are shown
     const Mine_Extent mine = Extent_Of(db);
     Set_Centre(g, mine);
     g.Grid_Unit = Unit_Of(mine);
     Set_Ranges(db, g, mine);
-    Reset_Band(db, g);  // before the grid, which a very flat or very deep mine may not get
     Set_Far_Length(db, g);
-    Set_Grid(db, g);
+    Set_Grid(db, g, mine);
+    Reset_Band(db, g);
   });
 }
 
