@@ -296,6 +296,4 @@ Message Nothing_Picked() {
 
 Message Ask_Print_Parameters() { return Yes_No("Print out parameter ?", Topic::none); }
 
-Message More_Than_Minus_50() { return Warning("More than -50%"); }
-
 }  // namespace branok::messages

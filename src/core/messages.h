@@ -110,7 +110,4 @@ Message Nothing_Picked();
 /// Before the list of calculation parameters is printed.
 Message Ask_Print_Parameters();
 
-/// A space of the CAD picture's frame that would turn the picture over.
-Message More_Than_Minus_50();
-
 }  // namespace branok::messages

@@ -38,7 +38,8 @@ struct Cad {
 
 // --- Positions and marks
 
-/// Whether the node has its place: in a new drawing by mouse only those do that were clicked.
+/// Whether the node has its place: in a new drawing by mouse only those do that were clicked, and
+/// one that is being moved has none.
 bool Is_Placed(const Database& db, const Cad& cad, int node);
 
 /// Where new positions come from.

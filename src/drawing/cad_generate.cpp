@@ -51,6 +51,7 @@ void Empty(Cad& cad) {
 }  // namespace
 
 bool Is_Placed(const Database& db, const Cad& cad, int node) {
+  if (node == cad.Cad_MoveNode) return false;
   return db.Flag_Cad != 0 || node <= cad.Cad_InputNode;
 }
 

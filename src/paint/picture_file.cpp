@@ -28,53 +28,45 @@ constexpr std::array<std::string_view, 4> suffixes = {".bmp", ".png", ".svg", ".
   throw Run_Time_Error(file.string() + ": " + why);
 }
 
-QString Title_Of(const Painting& painting) { return QString::fromStdString(painting.title); }
+QString Title_Of(const Picture_Page& page) { return QString::fromStdString(page.title); }
 
-// The whole picture on a device whose coordinates go from 0 to size.units.
-void Paint_On(QPainter& painter, const Painting& painting, const Picture_Size& size) {
-  const QRectF square(0, 0, size.units, size.units);
-  painter.fillRect(square, Color_Of(painting.background));
-  Painter_Surface surface(painter, square, size.ratio);
-  painting.paint(surface);
-}
-
-QImage Bitmap_Of(const Painting& painting, const Picture_Size& size) {
-  const int side = static_cast<int>(std::lround(size.units * size.ratio));
-  QImage image(side, side, QImage::Format_RGB32);
+QImage Bitmap_Of(const Picture_Page& page) {
+  QImage image((QSizeF(page.size) * page.ratio).toSize(), QImage::Format_RGB32);
   if (image.isNull()) return image;
-  image.setDevicePixelRatio(size.ratio);
+  image.setDevicePixelRatio(page.ratio);
   QPainter painter(&image);
-  Paint_On(painter, painting, size);
+  page.paint(painter);
   return image;
 }
 
-QByteArray Svg_Of(const Painting& painting, const Picture_Size& size) {
+QByteArray Svg_Of(const Picture_Page& page) {
   QBuffer buffer;
   QSvgGenerator generator;
   generator.setOutputDevice(&buffer);
   generator.setResolution(screen_resolution);
-  generator.setSize({size.units, size.units});
-  generator.setViewBox(QRect(0, 0, size.units, size.units));
-  generator.setTitle(Title_Of(painting));
+  generator.setSize(page.size);
+  generator.setViewBox(QRect(QPoint(0, 0), page.size));
+  generator.setTitle(Title_Of(page));
   generator.setDescription(program);
   QPainter painter(&generator);
-  Paint_On(painter, painting, size);
+  page.paint(painter);
   painter.end();
   return buffer.data();
 }
 
-QByteArray Pdf_Of(const Painting& painting, const Picture_Size& size) {
+QByteArray Pdf_Of(const Picture_Page& page) {
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
   writer.setResolution(page_resolution);
-  writer.setPageSize(QPageSize(QSizeF(page_side, page_side), QPageSize::Millimeter));
+  const QSizeF paper = QSizeF(page.size).scaled(page_side, page_side, Qt::KeepAspectRatio);
+  writer.setPageSize(QPageSize(paper, QPageSize::Millimeter));
   writer.setPageMargins({0, 0, 0, 0});
-  writer.setTitle(Title_Of(painting));
+  writer.setTitle(Title_Of(page));
   writer.setCreator(program);
   QPainter painter(&writer);
-  painter.setWindow(0, 0, size.units, size.units);
-  Paint_On(painter, painting, size);
+  painter.setWindow(QRect(QPoint(0, 0), page.size));
+  page.paint(painter);
   painter.end();
   return buffer.data();
 }
@@ -103,25 +95,27 @@ Picture_Kind Picture_Kind_Of(const std::filesystem::path& file) {
   return static_cast<Picture_Kind>(found - suffixes.begin());
 }
 
-void Write_Picture(const std::filesystem::path& file, const Painting& painting,
-                   const Picture_Size& size) {
+void Write_Page(const std::filesystem::path& file, const Picture_Page& page) {
   switch (const Picture_Kind kind = Picture_Kind_Of(file)) {
     case Picture_Kind::bmp:
     case Picture_Kind::png:
-      return Write_Bitmap(file, Bitmap_Of(painting, size), kind);
+      return Write_Bitmap(file, Bitmap_Of(page), kind);
     case Picture_Kind::svg:
-      return Write_Bytes(file, Svg_Of(painting, size));
+      return Write_Bytes(file, Svg_Of(page));
     case Picture_Kind::pdf:
-      return Write_Bytes(file, Pdf_Of(painting, size));
+      return Write_Bytes(file, Pdf_Of(page));
   }
 }
 
-void Write_Image(const std::filesystem::path& file, const QImage& image) {
-  const Picture_Kind kind = Picture_Kind_Of(file);
-  if (kind != Picture_Kind::bmp && kind != Picture_Kind::png) {
-    Fail(file, "what a window shows is written as .bmp or .png");
-  }
-  Write_Bitmap(file, image, kind);
+void Write_Picture(const std::filesystem::path& file, const Painting& painting,
+                   const Picture_Size& size) {
+  const auto paint = [&](QPainter& painter) {
+    const QRectF square(0, 0, size.units, size.units);
+    painter.fillRect(square, Color_Of(painting.background));
+    Painter_Surface surface(painter, square, size.ratio);
+    painting.paint(surface);
+  };
+  Write_Page(file, {painting.title, {size.units, size.units}, size.ratio, paint});
 }
 
 }  // namespace branok

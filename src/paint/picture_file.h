@@ -1,7 +1,8 @@
 // Pictures as files: bitmaps, and drawings (SVG, PDF) that stay sharp at every size.
 #pragma once
 
-#include <QImage>
+#include <QPainter>
+#include <QSize>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -25,6 +26,14 @@ struct Picture_Size {
   double ratio = 2;
 };
 
+/// Anything that is painted: a picture's part as a window shows it, say.
+struct Picture_Page {
+  std::string title;  ///< UTF-8
+  QSize size;         ///< in pen widths; the painter's coordinates go from 0 to it
+  double ratio = 2;   ///< pixels of a bitmap for one of these
+  std::function<void(QPainter&)> paint;
+};
+
 enum class Picture_Kind { bmp, png, svg, pdf };
 
 /// What the file's suffix, in capitals or not, says. Raises Run_Time_Error, with the suffixes that
@@ -37,7 +46,7 @@ Picture_Kind Picture_Kind_Of(const std::filesystem::path& file);
 void Write_Picture(const std::filesystem::path& file, const Painting& painting,
                    const Picture_Size& size = {});
 
-/// Writes what a window shows, as .bmp or .png. Raises as Write_Picture does.
-void Write_Image(const std::filesystem::path& file, const QImage& image);
+/// The same for a page of any proportions; the longer side of a PDF page is 200 mm.
+void Write_Page(const std::filesystem::path& file, const Picture_Page& page);
 
 }  // namespace branok

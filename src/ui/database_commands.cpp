@@ -313,7 +313,7 @@ void BRANOK60::Edit_Cut(int) {
 
 void BRANOK60::Edit_Copy_Command(int) {
   if (QLineEdit* const field = focused_text()) return field->copy();
-  if (const Picture_Window* const picture = picture_on_top()) return picture->copy_picture();
+  if (Picture_Window* const picture = picture_on_top()) return picture->copy_picture();
   if (window_tag() == "analysis") analysis_window().copy_selection();
   if (window_tag() == "database") database_window().copy_selection();
 }

@@ -21,7 +21,7 @@ constexpr std::array boxes = {"'Up Space' Box", "'Down Space' Box", "'Left Space
 constexpr double most = 1000;
 
 std::optional<Message> Fault_Of(std::size_t entry, double percent) {
-  if (percent <= -50) return messages::More_Than_Minus_50();
+  if (percent <= -50) return messages::Frame_Space_Too_Small();
   if (percent <= most) return std::nullopt;
   return messages::Out_Of_Range(boxes.at(entry), "CAD  Frame", "-50", "1000");
 }

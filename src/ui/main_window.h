@@ -259,7 +259,7 @@ class BRANOK60 : public QMainWindow {
   void show_picture_tools(const std::string& mode, bool marks);
   bool generate_cad(Cad_Source source);
   void offer_cad();
-  void save_picture(const Picture_Window& window, const std::filesystem::path& file);
+  void save_picture(Picture_Window& window, const std::filesystem::path& file);
   void drawing_edited();
 
   Project project_;
@@ -267,7 +267,7 @@ class BRANOK60 : public QMainWindow {
   Edit_History history_;                 // of the edit copy
   bool check_ran_ = false;               // since the last load or save
   bool drawing_edited_ = false;          // likewise, of what the pictures store in the mine
-  std::int16_t color_index_on_ = 0;      // Index_On: the picture in space shows temperatures
+  bool color_index_on_ = false;          // Index_On: the picture in space shows temperatures
   std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "core/messages.h"
+#include "paint/picture_file.h"
 #include "ui/cad_window.h"
 #include "ui/full_screen_picture.h"
 #include "ui/graphic_window.h"
@@ -83,22 +84,27 @@ void BRANOK60::show_picture_tools(const std::string& mode, bool marks) {
   tool("mark attach")->setChecked(marks);
 }
 
+void BRANOK60::save_picture(Picture_Window& window, const std::filesystem::path& file) {
+  constexpr double ratio = 2;  // of a bitmap: it can be enlarged a little
+  const QSize size = window.frame_size();
+  const auto paint = [&](QPainter& painter) { window.paint_shown(painter, {{0, 0}, size}, ratio); };
+  Write_Page(file, {To_Utf8(project_.db.Mine_Name), size, ratio, paint});
+}
+
 // The picture as the frame shows it. The bitmap comes first; other kinds by the name's ending.
 void BRANOK60::Picture_Save(int) {
-  const Picture_Window* const window = picture_on_top();
+  Picture_Window* const window = picture_on_top();
   if (window == nullptr) return;
   const QString bitmap = window_tag() == "cad" ? "BitMap Files" : "BitMap Data";
   QFileDialog dialog(this, "'Save Picture...'");
   dialog.setObjectName("cmnDlgBRANOK");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters(
-      {bitmap + " | *.bmp (*.bmp)", "PNG picture (*.png)", "SVG drawing (*.svg)"});
+  dialog.setNameFilters({bitmap + " | *.bmp (*.bmp)", "PNG picture (*.png)", "SVG drawing (*.svg)",
+                         "PDF page (*.pdf)"});
   const auto take_suffix = [&] {
-    const QString filter = dialog.selectedNameFilter();
-    dialog.setDefaultSuffix(filter.contains(".svg")   ? "svg"
-                            : filter.contains(".png") ? "png"
-                                                      : "bmp");
+    // The ending of the chosen kind: "PNG picture (*.png)".
+    dialog.setDefaultSuffix(dialog.selectedNameFilter().chopped(1).right(3));
   };
   connect(&dialog, &QFileDialog::filterSelected, &dialog, take_suffix);
   take_suffix();
@@ -112,12 +118,13 @@ void BRANOK60::Picture_Save(int) {
 
 // The picture fills the screen it is on.
 void BRANOK60::Picture_Max(int) {
-  const Picture_Window* const window = picture_on_top();
+  Picture_Window* const window = picture_on_top();
   if (window == nullptr) return;
   const QSizeF screen = this->screen()->size();
   const QSizeF frame = window->frame_size();
   const double fit = std::min(screen.width() / frame.width(), screen.height() / frame.height());
-  DlgMax(QPixmap::fromImage(window->shown_picture(fit * devicePixelRatioF())), this).exec();
+  const QImage image = window->shown_picture(fit * devicePixelRatioF());
+  DlgMax(QPixmap::fromImage(image), image.pixelColor(0, 0), this).exec();
 }
 
 }  // namespace branok

@@ -213,7 +213,8 @@ void Picture_Window::redraw() {
   rebuild();
 }
 
-void Picture_Window::paint_shown(QPainter& painter, const QRectF& target, double ratio) const {
+void Picture_Window::paint_shown(QPainter& painter, const QRectF& target, double ratio) {
+  ensure_lists();
   const double scale = target.width() / std::max(1, picShade->width());
   const QRectF unit = square();
   const QRectF place(target.x() + unit.x() * scale, target.y() + unit.y() * scale,
@@ -313,7 +314,7 @@ void Picture_Window::paint_highlight(QPainter& painter) const {
   painter.drawLine(place(under_.node), place(database().Node_Junc(under_.slot, under_.node)));
 }
 
-QImage Picture_Window::shown_picture(double ratio) const {
+QImage Picture_Window::shown_picture(double ratio) {
   const QSizeF size(picShade->size());
   QImage image((size * ratio).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
   image.setDevicePixelRatio(ratio);
@@ -322,7 +323,8 @@ QImage Picture_Window::shown_picture(double ratio) const {
   return image;
 }
 
-QImage Picture_Window::selected_picture() const {
+QImage Picture_Window::selected_picture() {
+  ensure_lists();
   const double ratio = std::max(2.0, devicePixelRatioF());
   if (selected().whole()) return shown_picture(ratio);
   const QRectF part = rect_of(selected());
@@ -338,7 +340,7 @@ QImage Picture_Window::selected_picture() const {
 
 // --- Clipboard
 
-void Picture_Window::copy_picture() const {
+void Picture_Window::copy_picture() {
   QImage picture = selected_picture();
   picture.setDevicePixelRatio(1);
   QGuiApplication::clipboard()->setImage(picture);

@@ -59,17 +59,17 @@ class Picture_Window : public QWidget {
   // --- Pictures
 
   /// What the frame shows, `ratio` device pixels for each of its own.
-  [[nodiscard]] QImage shown_picture(double ratio) const;
+  [[nodiscard]] QImage shown_picture(double ratio);
   /// The selected area, or what the frame shows when none is selected.
-  [[nodiscard]] QImage selected_picture() const;
+  [[nodiscard]] QImage selected_picture();
   /// Paints what the frame shows into a rectangle of its proportions, as vectors where the device
   /// takes them.
-  void paint_shown(QPainter& painter, const QRectF& target, double ratio) const;
+  void paint_shown(QPainter& painter, const QRectF& target, double ratio);
   /// Size of the frame, in pixels of the window.
   [[nodiscard]] QSize frame_size() const;
 
   /// Copies the selected area, or what is shown, to the clipboard.
-  void copy_picture() const;
+  void copy_picture();
   /// Takes the clipboard's picture into the mode "paste": it follows the mouse until a click drops
   /// it. False when the clipboard has none.
   bool paste_picture();

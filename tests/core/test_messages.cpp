@@ -98,7 +98,7 @@ TEST(Messages, BeforeTheParametersArePrinted) {
 }
 
 TEST(Messages, OnTheFrameOfTheCadPicture) {
-  EXPECT_EQ(messages::More_Than_Minus_50().text, "More than -50%");
+  EXPECT_EQ(messages::Frame_Space_Too_Small().text, "More than -50%");
 }
 
 }  // namespace

@@ -12,8 +12,7 @@ namespace branok {
 
 class Picture_Hand {
  public:
-  explicit Picture_Hand(Picture_Window& window)
-      : draw_(window.findChild<QWidget*>("picDraw")) {}
+  explicit Picture_Hand(Picture_Window& window) : draw_(window.findChild<QWidget*>("picDraw")) {}
 
   [[nodiscard]] QWidget* draw() const { return draw_; }
   [[nodiscard]] QPoint place(Point p) const {

@@ -175,21 +175,24 @@ TEST_F(Graphic_Window, Every_Airway_Is_Picked_On_Its_Line) {
   window->toggle_mode("view");
   QCoreApplication::processEvents();
   QSignalSpy picked(window.get(), &Picture_Window::picked);
-  int found = 0;
-  int airways = 0;
+  const Airway_Directions& drawn = window->graphic().Root;
+  int clicks = 0;
+  int others = 0;
   for (int i = 1; i <= db.Node_Total; ++i) {
     for (int k = 1; k <= db.Node_UpCount[i]; ++k) {
       const int slot = db.Node_UpSlot(k, i);
+      if (drawn.DirLen(slot, i) == 0) continue;  // too short for a line
       const Point middle = 0.5 * (node(i) + node(db.Node_Junc(slot, i)));
-      ++airways;
       hand().click(middle);
+      ASSERT_EQ(picked.size(), ++clicks);
       const auto pick = picked.last().first().value<Pick>();
-      if (pick == Pick{i, slot}) ++found;
+      // A node or another airway may lie over it; something always lies there.
+      if (pick != Pick{i, slot}) others += 1;
+      EXPECT_GT(pick.node, 0) << i << " slot " << slot;
     }
   }
-  EXPECT_EQ(picked.size(), airways);
-  // Some airways cross or are too short for a line: those lie under others.
-  EXPECT_GE(found, airways * 3 / 4);
+  EXPECT_GT(clicks, 20);
+  EXPECT_LE(others, clicks / 2);
 }
 
 TEST_F(Graphic_Window, A_Double_Click_Picks_As_The_Mode_View_Does) {
@@ -221,17 +224,29 @@ TEST_F(Graphic_Window, Without_Marks_A_Click_Finds_Nothing_But_The_Pointer_Reads
 }
 
 TEST_F(Graphic_Window, The_Pointer_Tells_The_Flow_Of_An_Airway) {
-  db.Flag_Results = flag_true;
-  const int slot = db.Node_UpSlot(1, 1);
-  const int far = db.Node_Junc(slot, 1);
-  db.Root_Flow(slot, 1) = -2.5F;
-  db.Root_Temp(slot, 1) = 21.25F;
   with_marks();
+  (void)picture();
+  Pick longest;
+  float length = 0;
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    for (int k = 1; k <= db.Node_UpCount[i]; ++k) {
+      const int slot = db.Node_UpSlot(k, i);
+      if (window->graphic().Root.DirLen(slot, i) <= length) continue;
+      length = window->graphic().Root.DirLen(slot, i);
+      longest = {i, slot};
+    }
+  }
+  const int from = longest.node;
+  const int far = db.Node_Junc(longest.slot, from);
+  db.Flag_Results = flag_true;
+  db.Root_Flow(longest.slot, from) = -2.5F;
+  db.Root_Temp(longest.slot, from) = 21.25F;
   QSignalSpy hint(window.get(), &Picture_Window::hint);
-  hand().hover(0.5 * (node(1) + node(far)));
+  hand().hover(0.5 * (node(from) + node(far)));
   ASSERT_FALSE(hint.isEmpty());
   const QString text = hint.last().first().toString();
-  EXPECT_TRUE(text.startsWith(QString("Airway %1 -> 1, 150.0 m³/min, 21.3 °C").arg(far))) << text;
+  EXPECT_TRUE(text.startsWith(QString("Airway %1 -> %2, 150.0 m³/min, 21.3 °C").arg(far).arg(from)))
+      << qPrintable(text);
   hand().hover({0.001, 0.001});
   EXPECT_EQ(hint.last().first().toString(), "");
 }

@@ -1,5 +1,5 @@
-// The Graphic and CAD menus in the main window: routing, dialogs, files, and how the pictures follow
-// the mine.
+// The Graphic and CAD menus in the main window: routing, dialogs, files, and how the pictures
+// follow the mine.
 #include <QClipboard>
 #include <QComboBox>
 #include <QImage>
@@ -32,7 +32,7 @@ class Picture_Commands : public Main_Window {
   /// Types into the next input box and closes it with OK.
   void answer_with(const QString& text) {
     user_.dialogs.push_back([text](QDialog& dialog) {
-      qobject_cast<QInputDialog&>(dialog).setTextValue(text);
+      qobject_cast<QInputDialog*>(&dialog)->setTextValue(text);
       dialog.accept();
     });
   }
