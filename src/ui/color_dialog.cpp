@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyleOptionFocusRect>
 
 #include "drawing/color_sample.h"
 #include "drawing/paint.h"
@@ -80,7 +79,7 @@ class Color_Picture : public QWidget {
 namespace {
 
 // The table that the sample is drawn in. A picture in space has three colours only.
-Color_Table Sample_Table(const Color_Copy& colors, int entry) {
+Color_Table Sample_Table(const Color_Copy& colors, std::size_t entry) {
   Color_Table table;
   const bool in_space = entry >= color::airway_3d;
   for (int k = 1; k <= Color_Table::last; ++k) {
@@ -147,10 +146,12 @@ DlgColor::DlgColor(const Color_Copy& colors, Color_Set set, QWidget* parent)
   show_colors();
 }
 
-int DlgColor::entry() const { return cboColor->currentIndex() + 1; }
+std::size_t DlgColor::entry() const {
+  return static_cast<std::size_t>(cboColor->currentIndex()) + 1;
+}
 
 void DlgColor::choose_color() {
-  std::int32_t& held = colors_.at(static_cast<std::size_t>(entry()));
+  std::int32_t& held = colors_.at(entry());
   QColorDialog chooser(Color_Of(held), this);
   chooser.setObjectName("cmmnClr");
   chooser.setWindowTitle(cboColor->currentText());
@@ -167,10 +168,10 @@ void DlgColor::set_colors(const Color_Copy& colors) {
 
 void DlgColor::show_colors() {
   for (int row = 0; row < cboColor->count(); ++row) {
-    const QColor color = Color_Of(colors_.at(static_cast<std::size_t>(row + 1)));
+    const QColor color = Color_Of(colors_.at(static_cast<std::size_t>(row) + 1));
     cboColor->setItemIcon(row, Color_Icon(color, *cboColor));
   }
-  lblColor->show_color(Color_Of(colors_.at(static_cast<std::size_t>(entry()))));
+  lblColor->show_color(Color_Of(colors_.at(entry())));
   picSample->show_colors(Sample_Table(colors_, entry()));
 }
 

@@ -21,7 +21,7 @@ class DlgColor : public QDialog {
   [[nodiscard]] const Color_Copy& colors() const { return colors_; }
 
  private:
-  [[nodiscard]] int entry() const;  ///< of the colour table: the row that is chosen
+  [[nodiscard]] std::size_t entry() const;  ///< of the colour table: the row that is chosen
   void choose_color();
   void set_colors(const Color_Copy& colors);
   void show_colors();

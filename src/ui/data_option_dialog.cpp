@@ -12,7 +12,7 @@
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/pictures.h"
-#include "ui/qt_text.h"
+#include "ui/dialog_parts.h"
 
 namespace branok {
 
@@ -105,7 +105,7 @@ DlgData_Option::DlgData_Option(Database& db, Dialogue& dialogue, QWidget* parent
   all->addWidget(grid_frame(), 1, 0);
   all->addWidget(range_frame(), 0, 1);
   all->addWidget(mark_frame(), 1, 1);
-  all->addLayout(make_buttons(), 2, 0, 1, 2);
+  all->addLayout(Ok_And_Cancel(this, [this] { ok(); }), 2, 0, 1, 2);
   all->setColumnStretch(1, 1);
   all->setRowStretch(1, 1);
   load();
@@ -161,21 +161,6 @@ QGroupBox* DlgData_Option::mark_frame() {
   return frame;
 }
 
-QLayout* DlgData_Option::make_buttons() {
-  auto* const row = new QHBoxLayout;
-  row->addStretch();
-  auto* const ok_button = new QPushButton("OK");
-  ok_button->setObjectName("cmdOK");
-  ok_button->setDefault(true);
-  connect(ok_button, &QPushButton::clicked, this, &DlgData_Option::ok);
-  auto* const cancel = new QPushButton("Cancel");
-  cancel->setObjectName("cmdCancel");
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  row->addWidget(ok_button);
-  row->addWidget(cancel);
-  return row;
-}
-
 void DlgData_Option::load() {
   Check(Move_sel, db_.Opt_MoveSel);
   Check(Op_GridSel, db_.Opt_GridSel);
@@ -224,8 +209,7 @@ std::optional<std::array<float, 4>> DlgData_Option::typed_marks() {
 
 void DlgData_Option::report(std::size_t mark, const Message& message) {
   dialogue_.show(message);
-  ResRange.at(mark)->setFocus();
-  ResRange.at(mark)->selectAll();
+  Ask_Again(ResRange.at(mark));
 }
 
 }  // namespace branok

@@ -27,7 +27,6 @@ class DlgData_Option : public QDialog {
   QGroupBox* grid_frame();
   QGroupBox* range_frame();
   QGroupBox* mark_frame();
-  QLayout* make_buttons();
   void load();
   void show_marks(const std::array<float, 4>& marks);
 

@@ -49,7 +49,6 @@ DlgIndex::DlgIndex(Database& db, bool index_on, Dialogue& dialogue, QWidget* par
   all->addLayout(Ok_And_Cancel(this, [this] { ok(); }), 3, 0, 1, 2);
   all->setRowStretch(2, 1);
   all->setColumnStretch(0, 1);
-  all->setHorizontalSpacing(3 * fontMetrics().averageCharWidth());
 
   chkIndex->setEnabled(Has_Temperatures(db));
   if (Has_Temperatures(db)) {
@@ -83,7 +82,9 @@ QGridLayout* DlgIndex::legend() {
   constexpr int last = 15;
   auto* const grid = new QGridLayout;
   grid->setVerticalSpacing(0);
-  grid->setHorizontalSpacing(fontMetrics().averageCharWidth());
+  const int letter = fontMetrics().averageCharWidth();
+  grid->setHorizontalSpacing(letter);
+  grid->setContentsMargins(2 * letter, 0, 0, 0);
   QLabel* const head = Named_Label("lblChr", "Temp.");
   head->setAlignment(Qt::AlignCenter);
   grid->addWidget(head, 0, 0);

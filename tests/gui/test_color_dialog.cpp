@@ -66,7 +66,7 @@ TEST_F(Color_Dialog, Shows_The_Colour_Of_The_Row_That_The_Keyboard_Reaches) {
   rows().setFocus();
   for (int row = 0; row < rows().count(); ++row) {
     EXPECT_EQ(rows().currentIndex(), row);
-    EXPECT_EQ(seen("lblColor"), Color_Of(colors.at(static_cast<std::size_t>(row + 1))));
+    EXPECT_EQ(seen("lblColor"), Color_Of(colors.at(static_cast<std::size_t>(row) + 1)));
     key(Qt::Key_Down);
   }
 }
@@ -79,7 +79,7 @@ TEST_F(Color_Dialog, Each_Colour_Can_Be_Set) {
       rows().setCurrentIndex(row);
       choose_next(QColor(1, 2, 100 + row));
       press("cmdColor");
-      expected.at(static_cast<std::size_t>(row + 1)) = RGB(1, 2, 100 + row);
+      expected.at(static_cast<std::size_t>(row) + 1) = RGB(1, 2, 100 + row);
       EXPECT_EQ(seen("lblColor"), QColor(1, 2, 100 + row));
     }
     EXPECT_EQ(user->dialogs_seen.back(), "cmmnClr");

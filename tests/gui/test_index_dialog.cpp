@@ -47,7 +47,7 @@ TEST_F(Index_Dialog, Shows_The_Scale_Of_The_Results) {
   EXPECT_EQ(cell(1), "12.0C");
   EXPECT_EQ(cell(15), "40.0C");
   for (int k = 0; k < 16; ++k) {
-    EXPECT_EQ(color(k), Color_Of(Temperature_Color[static_cast<std::size_t>(k + 1)])) << k;
+    EXPECT_EQ(color(k), Color_Of(Temperature_Color[static_cast<std::size_t>(k) + 1])) << k;
   }
   // The hottest on top, beside its word.
   const auto top = [this](const char* name) { return control<QLabel>(name).geometry().top(); };
