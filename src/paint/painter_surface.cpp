@@ -2,7 +2,6 @@
 
 #include <QFontMetricsF>
 #include <QPaintEngine>
-#include <algorithm>
 #include <cmath>
 
 namespace branok {
@@ -103,16 +102,21 @@ void Painter_Surface::finish() {
   way_.resize(0);  // its memory stays
 }
 
-// Bitmaps draw rings of one device pixel many times faster than wider ones, so there a circle is
-// made of as many as its pen is wide.
+// Bitmaps draw rings of one device pixel many times faster than wider ones, so there a wider circle
+// is made of some, which overlap to leave no seams.
 void Painter_Surface::Circle(Point centre, double radius, std::int32_t color, double width) {
   finish();
+  const double thin = 1 / ratio_;
   const bool bitmap = painter_.paintEngine()->type() == QPaintEngine::Raster;
-  const double rings = bitmap ? std::max(1.0, std::ceil(width * ratio_)) : 1;
-  const double pen = width / rings;
-  set_pen(color, pen);
-  for (int k = 0; k < rings; ++k) {
-    const double outward = (k - (rings - 1) / 2) * pen;
+  if (!bitmap || width <= thin) {
+    set_pen(color, width);
+    painter_.drawEllipse(box(centre, radius));
+    return;
+  }
+  set_pen(color, thin);
+  const double steps = std::ceil(2 * (width / thin - 1));
+  for (int k = 0; k <= steps; ++k) {
+    const double outward = (k / steps - 0.5) * (width - thin);
     painter_.drawEllipse(box(centre, radius).adjusted(-outward, -outward, outward, outward));
   }
 }
