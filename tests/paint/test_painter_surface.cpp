@@ -215,6 +215,15 @@ TEST(Painter_Surface, A_Turned_Number_Keeps_Its_Form) {
   }
 }
 
+TEST(Painter_Surface, A_Turned_Note_Keeps_Its_Form) {
+  for (const char* note : {"Belt 7", "H\xC3\xB6he"}) {
+    const double upright = Number_Ink(0, note, 0.06).light;
+    EXPECT_NEAR(Number_Ink(0.6, note, 0.06).light / upright, 1, 0.03) << note;
+    EXPECT_NEAR(Number_Ink(M_PI / 2, note, 0.06).box.height(),
+                Number_Ink(0, note, 0.06).box.width(), 3);
+  }
+}
+
 TEST(Painter_Surface, Digits_Of_Small_Numbers_Differ) {
   // Cells of four pixels, as on the screen.
   EXPECT_NE(Number_Ink(0, "1", 0.02).light, Number_Ink(0, "7", 0.02).light);
@@ -281,18 +290,6 @@ TEST(Painter_Surface, The_Same_Lists_Are_The_Same_Picture) {
     EXPECT_EQ(first, Painted(paint, ratio));
     EXPECT_GT(Ink_Of(first).light, 100);
   }
-}
-
-TEST(Painter_Surface, The_Order_Of_Labels_Is_Not_Seen) {
-  Primitive_Lists lists;
-  for (const float angle : {0.5F, 0.0F, 1.25F, 0.5F, -0.75F}) {
-    const auto y = static_cast<float>(0.1 + 0.18 * static_cast<double>(lists.Info.size()));
-    lists.Info.push_back({0.4F, y, 3, 0.02F, 0.04F, angle, "789"});
-  }
-  const auto paint = [&](Surface& surface) { Paint_Info(lists, surface, white); };
-  const QImage image = Painted(paint, 2);
-  std::reverse(lists.Info.begin(), lists.Info.end());
-  EXPECT_EQ(image, Painted(paint, 2));
 }
 
 }  // namespace
