@@ -284,8 +284,8 @@ Anywhere
 Questions that a step asks are answered Yes or OK, unless the step says otherwise;
 every message is printed to standard error. Nothing else is written anywhere.
 
-Exit code: 0 all steps done; 1 a run or a check failed, its message printed, and
-the steps after it were not taken; 2 wrong usage; 3 a file could not be read or written.
+Exit code: 0 all steps done; 1 a run, a check or a picture failed, its message
+printed, and the steps after it were not taken; 2 wrong usage; 3 a file could not be read or written.
 )";
 }
 

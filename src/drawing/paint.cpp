@@ -1,8 +1,6 @@
 #include "drawing/paint.h"
 
-#include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "core/numbers.h"
 #include "drawing/marks.h"
@@ -63,14 +61,8 @@ void Paint_Lists(const Primitive_Lists& lists, Surface& surface, double factor) 
 }
 
 void Paint_Info(const Primitive_Lists& lists, Surface& surface, std::int32_t color, double factor) {
-  // Labels of one angle follow each other: a surface keeps the glyphs of a turned font only
-  // shortly.
-  std::vector<const Info_Record*> turned;
-  turned.reserve(lists.Info.size());
-  for (const Info_Record& info : lists.Info) turned.push_back(&info);
-  std::ranges::stable_sort(turned, {}, &Info_Record::Angle);
-  for (const Info_Record* info : turned) {
-    Paint_Text(surface, {info->X, info->Y}, info->Height, info->Angle, color, info->Text, factor);
+  for (const Info_Record& info : lists.Info) {
+    Paint_Text(surface, {info.X, info.Y}, info.Height, info.Angle, color, info.Text, factor);
   }
   surface.finish();
 }

@@ -2,8 +2,11 @@
 
 #include <QFontMetricsF>
 #include <QPaintEngine>
+#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 
 namespace branok {
 
@@ -39,6 +42,46 @@ const Face& Times() {
   return face;
 }
 
+// The toolkit sets up its font anew for every angle, which hundreds of labels would wait for. On
+// bitmaps the characters of turned texts are therefore kept as polygons.
+bool Is_Plain(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+struct Outline {
+  QPainterPath path;
+  double advance;
+};
+
+// Fine enough to be drawn at 2 ^ level times the font's size.
+const Outline& Outline_Of(char character, int level) {
+  static std::map<std::pair<char, int>, Outline> kept;
+  const auto [place, is_new] = kept.try_emplace({character, level});
+  Outline& outline = place->second;
+  if (!is_new) return outline;
+  const QChar letter = QLatin1Char(character);
+  QPainterPath curves;
+  curves.addText(0, 0, Times().font, letter);
+  const double fine = std::exp2(level + 1);
+  const QTransform smaller = QTransform::fromScale(1 / fine, 1 / fine);
+  for (const QPolygonF& polygon : curves.toSubpathPolygons(QTransform::fromScale(fine, fine))) {
+    outline.path.addPolygon(smaller.map(polygon));
+  }
+  outline.advance = QFontMetricsF(Times().font).horizontalAdvance(letter);
+  return outline;
+}
+
+// A plain text whose base line begins at the origin of `place`.
+QPainterPath Text_Path(std::string_view text, QTransform place, int level) {
+  QPainterPath path;
+  for (const char character : text) {
+    const Outline& outline = Outline_Of(character, level);
+    path.addPath(place.map(outline.path));
+    place.translate(outline.advance, 0);
+  }
+  return path;
+}
+
 }  // namespace
 
 QColor Color_Of(std::int32_t color) {
@@ -61,6 +104,10 @@ QPointF Painter_Surface::place(Point at) const {
 QRectF Painter_Surface::box(Point centre, double radius) const {
   const QPointF corner = place(centre - Point{radius, radius});
   return {corner.x(), corner.y(), 2 * radius * square_.width(), 2 * radius * square_.height()};
+}
+
+bool Painter_Surface::is_bitmap() const {
+  return painter_.paintEngine()->type() == QPaintEngine::Raster;
 }
 
 // A pen is costly to take up, and most records are drawn with the one in hand.
@@ -103,16 +150,20 @@ void Painter_Surface::finish() {
   way_.resize(0);  // its memory stays
 }
 
-// Bitmaps draw rings of one device pixel many times faster than wider ones, so there a circle is
-// made of as many as its pen is wide.
+// Bitmaps draw rings of one device pixel many times faster than wider ones, so there a wider circle
+// is made of some, which overlap to leave no seams.
 void Painter_Surface::Circle(Point centre, double radius, std::int32_t color, double width) {
   finish();
-  const bool bitmap = painter_.paintEngine()->type() == QPaintEngine::Raster;
-  const double rings = bitmap ? std::max(1.0, std::ceil(width * ratio_)) : 1;
-  const double pen = width / rings;
-  set_pen(color, pen);
-  for (int k = 0; k < rings; ++k) {
-    const double outward = (k - (rings - 1) / 2) * pen;
+  const double thin = 1 / ratio_;
+  if (!is_bitmap() || width <= thin) {
+    set_pen(color, width);
+    painter_.drawEllipse(box(centre, radius));
+    return;
+  }
+  set_pen(color, thin);
+  const double steps = std::ceil(2 * (width / thin - 1));
+  for (int k = 0; k <= steps; ++k) {
+    const double outward = (k / steps - 0.5) * (width - thin);
     painter_.drawEllipse(box(centre, radius).adjusted(-outward, -outward, outward, outward));
   }
 }
@@ -129,14 +180,22 @@ void Painter_Surface::Arc(Point centre, double radius, double start, double end,
 void Painter_Surface::Text(const Text_Cell& cell, std::int32_t color, std::string_view text) {
   finish();
   const Face& face = Times();
+  const double width = digit_width * cell.width / ratio_ / face.width;
+  const double height = digit_height * cell.height() / ratio_ / face.height;
+  const QPointF corner = place(cell.corner);
+  QTransform at_base;
+  at_base.translate(corner.x(), corner.y());
+  at_base.rotate(-cell.escapement / 10.0);
+  at_base.translate(0, base_line * cell.height() / ratio_);
+  at_base.scale(width, height);
+  if (is_bitmap() && cell.escapement != 0 && Is_Plain(text)) {
+    const int level = static_cast<int>(std::ceil(std::log2(std::max(width, height) * ratio_)));
+    painter_.fillPath(Text_Path(text, at_base, level), Color_Of(color));
+    return;
+  }
   set_pen(color, 1);
   const QTransform upright = painter_.transform();
-  painter_.translate(place(cell.corner));
-  painter_.rotate(-cell.escapement / 10.0);
-  const double width = cell.width / ratio_;
-  const double height = cell.height() / ratio_;
-  painter_.translate(0, base_line * height);
-  painter_.scale(digit_width * width / face.width, digit_height * height / face.height);
+  painter_.setTransform(at_base, true);
   painter_.drawText(QPointF(0, 0),
                     QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
   painter_.setTransform(upright);

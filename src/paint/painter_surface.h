@@ -38,6 +38,7 @@ class Painter_Surface : public Surface {
  private:
   [[nodiscard]] QPointF place(Point at) const;
   [[nodiscard]] QRectF box(Point centre, double radius) const;
+  [[nodiscard]] bool is_bitmap() const;
   void set_pen(std::int32_t color, double width, Qt::PenCapStyle cap = Qt::FlatCap);
 
   QPainter& painter_;
