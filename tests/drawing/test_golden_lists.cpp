@@ -93,13 +93,14 @@ Primitive_Lists Lines_Only(Primitive_Lists lists) {
   return lists;
 }
 
-Primitive_Lists Star_Picture(Database& db) {
-  return Above_The_Grid(Picture_Of(db, "2dh", Node_Info::none));
+// The star above the grid; its labels are elevations.
+Primitive_Lists Star_Picture(Database& db, bool labels = false) {
+  return Above_The_Grid(Picture_Of(db, "2dh", labels ? Node_Info::level : Node_Info::none));
 }
 
 const char* Way(bool outward) { return outward ? "outward" : "inward"; }
 
-TEST(Golden_Lists, Every_Airway_Mark_In_Every_Direction) {
+TEST(Golden_Star, Every_Airway_Mark_In_Every_Direction) {
   const std::map<std::string, Rows> golden = Golden("star-airways-graphic");
   const auto check = [&](Star& star, const std::string& title) {
     const auto section = golden.find(title);
@@ -124,7 +125,7 @@ TEST(Golden_Lists, Every_Airway_Mark_In_Every_Direction) {
   }
 }
 
-TEST(Golden_Lists, Every_Node_Mark_In_Every_Direction) {
+TEST(Golden_Star, Every_Node_Mark_In_Every_Direction) {
   const std::map<std::string, Rows> golden = Golden("star-nodes-graphic");
   const auto check = [&](Star& star, const std::string& title) {
     const auto section = golden.find(title);
@@ -152,6 +153,39 @@ TEST(Golden_Lists, Every_Node_Mark_In_Every_Direction) {
   check(star, "fans at the centres");
 }
 
+TEST(Golden_Star, Labels_In_Every_Direction) {
+  const std::map<std::string, Rows> golden = Golden("star-labels-graphic");
+  const auto check = [&](Star& star, const std::string& title) {
+    const auto section = golden.find(title);
+    ASSERT_NE(section, golden.end()) << title;
+    Primitive_Lists labels;
+    labels.Info = Star_Picture(star.db, true).Info;
+    Expect_Rows(List_Text(labels), section->second, title);
+  };
+  for (const bool outward : {true, false}) {
+    Star still(outward);
+    check(still, std::string(Way(outward)) + " without results");
+    for (const int sign : {-1, 0, 1}) {
+      Star star(outward);
+      star.Set_Flow(sign);
+      check(star, Way(outward) + (" sign " + std::to_string(sign)));
+    }
+  }
+}
+
+// With the results of a flow run.
+Database Mine_A() {
+  Database db;
+  Reset_Database(db);
+  Comment_Template comments;
+  EXPECT_TRUE(Read_Ver6(db, BRANOK_TEST_DATA "/DATA/mine-a.abk", comments).ok);
+  Test_Dialogue dialogue;
+  Test_Panel panel;
+  Ana_Flow_Press(db, dialogue, panel);
+  EXPECT_NE(db.Flag_Results, 0);
+  return db;
+}
+
 struct View_Case {
   const char* view;
   Node_Info info;
@@ -160,14 +194,7 @@ struct View_Case {
 class Golden_Mine_A : public testing::TestWithParam<View_Case> {};
 
 TEST_P(Golden_Mine_A, Lists_With_Results_Marks_And_Labels) {
-  Database db;
-  Reset_Database(db);
-  Comment_Template comments;
-  ASSERT_TRUE(Read_Ver6(db, BRANOK_TEST_DATA "/DATA/mine-a.abk", comments).ok);
-  Test_Dialogue dialogue;
-  Test_Panel panel;
-  Ana_Flow_Press(db, dialogue, panel);
-  ASSERT_NE(db.Flag_Results, 0);
+  Database db = Mine_A();
   const auto& [view, info] = GetParam();
   const Graphic graphic = Picture_Of(db, view, info);
   Expect_Rows(List_Text(graphic.Graph), Golden("mine-a-" + std::string(view)).at(view), view);
