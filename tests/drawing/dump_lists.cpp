@@ -1,13 +1,17 @@
 // Prints the lists of a mine's picture, one record a line (list_text.h), colours as their indices:
-//   dump_lists MINE.abk 2dh|2dew|2dns MARKS INFO [--band LOW HIGH] [--switch I-J[=VALUE]]...
-// MARKS is 0 or 1, INFO the number of the information labels. A fault goes to standard error.
+//   dump_lists MINE.abk 2dh|2dew|2dns|cad MARKS INFO [--band LOW HIGH] [--switch I-J[=VALUE]]...
+//              [--source ewns|2dh|2dew|2dns]
+// --source: where a CAD picture takes its positions from when the mine has none. MARKS is 0 or 1,
+// INFO the number of the information labels. A fault goes to standard error.
 #include <cstdio>
 #include <string>
 #include <vector>
 
+#include "drawing/cad.h"
 #include "drawing/graphic.h"
 #include "drawing/list_text.h"
 #include "files/ver6.h"
+#include "support/test_doors.h"
 
 namespace branok {
 namespace {
@@ -23,6 +27,7 @@ struct Request {
     std::int16_t value = 1;
   };
   std::vector<Switch> switches;
+  std::string source = "ewns";
 };
 
 Request::Switch Read_Switch(const std::string& text) {
@@ -48,6 +53,8 @@ Request Read_Request(const std::vector<std::string>& words) {
       request.high = static_cast<std::int16_t>(std::stoi(words.at(++k)));
     } else if (words[k] == "--switch") {
       request.switches.push_back(Read_Switch(words.at(++k)));
+    } else if (words[k] == "--source") {
+      request.source = words.at(++k);
     }
   }
   return request;
@@ -73,6 +80,26 @@ Primitive_Lists Graphic_Lists(Database& db, const Request& request) {
   return graphic.Graph;
 }
 
+Primitive_Lists Cad_Lists(Database& db, const Request& request) {
+  Cad cad;
+  if (db.Flag_Cad == 0) {
+    const bool survey = request.source == "ewns";
+    if (!survey) {
+      Graphic graphic;
+      graphic.view = request.source;
+      Tell("Graph_Range", Graph_Range(db, graphic));
+      Tell("Graph_Project", Graph_Project(db, graphic));
+    }
+    Test_Dialogue dialogue;
+    Cad_Generate(db, cad, survey ? Cad_Source::survey : Cad_Source::graphic, dialogue, [] {});
+  }
+  Cad_Normalize(db);
+  cad.Cad_Mark_Attach = request.marks;
+  cad.Cad_Airway_Info = static_cast<Airway_Info>(request.info);
+  Tell("Cad_Build", Cad_Build(db, cad));
+  return cad.Lists;
+}
+
 int Dump(const Request& request) {
   Database db;
   Reset_Database(db);
@@ -88,7 +115,9 @@ int Dump(const Request& request) {
     if (there > 0) db.Root_Switch(there, s.i) = s.value;
     if (back > 0) db.Root_Switch(back, s.j) = s.value;
   }
-  for (const std::string& row : List_Text(Graphic_Lists(db, request))) std::puts(row.c_str());
+  const Primitive_Lists lists =
+      request.view == "cad" ? Cad_Lists(db, request) : Graphic_Lists(db, request);
+  for (const std::string& row : List_Text(lists)) std::puts(row.c_str());
   return 0;
 }
 
@@ -98,7 +127,8 @@ int Dump(const Request& request) {
 int main(int count, char** words) {
   if (count < 5) {
     std::fputs(
-        "dump_lists MINE.abk 2dh|2dew|2dns MARKS INFO [--band LOW HIGH] [--switch I-J[=V]]\n",
+        "dump_lists MINE.abk 2dh|2dew|2dns|cad MARKS INFO [--band LOW HIGH] [--switch I-J[=V]]"
+        " [--source ewns|2dh|2dew|2dns]\n",
         stderr);
     return 1;
   }

@@ -10,6 +10,7 @@
 
 #include "airflow/flow_run.h"
 #include "core/safe_file.h"
+#include "drawing/cad.h"
 #include "drawing/graphic.h"
 #include "drawing/list_text.h"
 #include "drawing/star.h"
@@ -93,19 +94,42 @@ Primitive_Lists Lines_Only(Primitive_Lists lists) {
   return lists;
 }
 
-// The star above the grid; its labels are elevations.
-Primitive_Lists Star_Picture(Database& db, bool labels = false) {
-  return Above_The_Grid(Picture_Of(db, "2dh", labels ? Node_Info::level : Node_Info::none));
+Cad Cad_Picture_Of(Database& db, Airway_Info info) {
+  Number_Colors(db);
+  Cad cad;
+  cad.Cad_Airway_Info = info;
+  Cad_Normalize(db);
+  EXPECT_EQ(Cad_Build(db, cad), "");
+  return cad;
 }
+
+// The star as the Graphic picture or the CAD picture shows it, above the grid.
+// With labels: elevations or resistances.
+Primitive_Lists Star_Picture(Database& db, const std::string& picture, bool labels = false) {
+  if (picture == "graphic") {
+    return Above_The_Grid(Picture_Of(db, "2dh", labels ? Node_Info::level : Node_Info::none));
+  }
+  for (int i = 1; i <= db.Node_Total; ++i) {
+    db.Node_CadX[i] = static_cast<float>(db.Node_EW[i]);
+    db.Node_CadY[i] = static_cast<float>(-db.Node_SN[i]);
+  }
+  db.Flag_Cad = flag_true;
+  Primitive_Lists lists =
+      Cad_Picture_Of(db, labels ? Airway_Info::resistance : Airway_Info::none).Lists;
+  lists.Line.erase(lists.Line.begin(), lists.Line.begin() + 44);
+  return lists;
+}
+
+class Golden_Star : public testing::TestWithParam<std::string> {};
 
 const char* Way(bool outward) { return outward ? "outward" : "inward"; }
 
-TEST(Golden_Star, Every_Airway_Mark_In_Every_Direction) {
-  const std::map<std::string, Rows> golden = Golden("star-airways-graphic");
+TEST_P(Golden_Star, Every_Airway_Mark_In_Every_Direction) {
+  const std::map<std::string, Rows> golden = Golden("star-airways-" + GetParam());
   const auto check = [&](Star& star, const std::string& title) {
     const auto section = golden.find(title);
     ASSERT_NE(section, golden.end()) << title;
-    Expect_Rows(List_Text(Lines_Only(Star_Picture(star.db))), section->second, title);
+    Expect_Rows(List_Text(Lines_Only(Star_Picture(star.db, GetParam()))), section->second, title);
   };
   for (const bool outward : {true, false}) {
     const std::string way = Way(outward);
@@ -125,12 +149,12 @@ TEST(Golden_Star, Every_Airway_Mark_In_Every_Direction) {
   }
 }
 
-TEST(Golden_Star, Every_Node_Mark_In_Every_Direction) {
-  const std::map<std::string, Rows> golden = Golden("star-nodes-graphic");
+TEST_P(Golden_Star, Every_Node_Mark_In_Every_Direction) {
+  const std::map<std::string, Rows> golden = Golden("star-nodes-" + GetParam());
   const auto check = [&](Star& star, const std::string& title) {
     const auto section = golden.find(title);
     ASSERT_NE(section, golden.end()) << title;
-    Expect_Rows(List_Text(Star_Picture(star.db)), section->second, title);
+    Expect_Rows(List_Text(Star_Picture(star.db, GetParam())), section->second, title);
   };
   for (const bool outward : {true, false}) {
     for (const int type : {0, 1, 2, 3, 4}) {
@@ -153,13 +177,13 @@ TEST(Golden_Star, Every_Node_Mark_In_Every_Direction) {
   check(star, "fans at the centres");
 }
 
-TEST(Golden_Star, Labels_In_Every_Direction) {
-  const std::map<std::string, Rows> golden = Golden("star-labels-graphic");
+TEST_P(Golden_Star, Labels_In_Every_Direction) {
+  const std::map<std::string, Rows> golden = Golden("star-labels-" + GetParam());
   const auto check = [&](Star& star, const std::string& title) {
     const auto section = golden.find(title);
     ASSERT_NE(section, golden.end()) << title;
     Primitive_Lists labels;
-    labels.Info = Star_Picture(star.db, true).Info;
+    labels.Info = Star_Picture(star.db, GetParam(), true).Info;
     Expect_Rows(List_Text(labels), section->second, title);
   };
   for (const bool outward : {true, false}) {
@@ -172,6 +196,9 @@ TEST(Golden_Star, Labels_In_Every_Direction) {
     }
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(drawing, Golden_Star, testing::Values("graphic", "cad"),
+                         [](const auto& test) { return test.param; });
 
 // With the results of a flow run.
 Database Mine_A() {
@@ -205,6 +232,15 @@ INSTANTIATE_TEST_SUITE_P(drawing, Golden_Mine_A,
                                          View_Case{"2dew", Node_Info::sn},
                                          View_Case{"2dns", Node_Info::ew}),
                          [](const auto& test) { return std::string(test.param.view); });
+
+TEST(Golden_Cad, Lists_With_Results_Marks_And_Flows) {
+  Database db = Mine_A();
+  Cad cad;
+  Test_Dialogue dialogue;
+  if (db.Flag_Cad == 0) Cad_Generate(db, cad, Cad_Source::survey, dialogue, [] {});
+  cad = Cad_Picture_Of(db, Airway_Info::flow);
+  Expect_Rows(List_Text(cad.Lists), Golden("mine-a-cad").at("cad"), "cad");
+}
 
 }  // namespace
 }  // namespace branok

@@ -156,21 +156,26 @@ TEST_F(Picture_File, An_Old_File_Is_Replaced_Whole) {
   EXPECT_EQ(folder.count(), 1);
 }
 
-TEST_F(Picture_File, What_A_Window_Shows_Is_A_Bitmap) {
-  QImage shown(30, 20, QImage::Format_ARGB32_Premultiplied);
-  shown.fill(QColor(10, 20, 30));
-  shown.setPixelColor(3, 4, QColor(200, 100, 50));
+TEST_F(Picture_File, A_Page_Has_The_Proportions_Of_A_Window) {
+  const auto paint = [](QPainter& painter) {
+    painter.fillRect(0, 0, 300, 200, QColor(10, 20, 30));
+    painter.fillRect(150, 100, 10, 10, QColor(200, 100, 50));
+  };
+  const Picture_Page page{"Mine A", {300, 200}, 2, paint};
   for (const char* name : {"a.bmp", "a.png"}) {
-    Write_Image(folder / name, shown);
+    Write_Page(folder / name, page);
     const QImage image = read_back(name);
-    EXPECT_EQ(image.size(), QSize(30, 20));
-    EXPECT_EQ(image.pixelColor(3, 4), QColor(200, 100, 50));
-    EXPECT_EQ(image.pixelColor(29, 19), QColor(10, 20, 30));
+    EXPECT_EQ(image.size(), QSize(600, 400)) << name;
+    EXPECT_EQ(image.pixelColor(310, 210), QColor(200, 100, 50)) << name;
+    EXPECT_EQ(image.pixelColor(599, 399), QColor(10, 20, 30)) << name;
   }
-  EXPECT_THROW(Write_Image(folder / "a.svg", shown), Run_Time_Error);
-  EXPECT_THROW(Write_Image(folder / "a.jpg", shown), Run_Time_Error);
-  EXPECT_THROW(Write_Image(folder / "b.png", QImage()), Run_Time_Error);
-  EXPECT_EQ(folder.count(), 2);
+  Write_Page(folder / "a.svg", page);
+  EXPECT_NE(Read_Whole(folder / "a.svg").find("viewBox=\"0 0 300 200\""), std::string::npos);
+  Write_Page(folder / "a.pdf", page);
+  EXPECT_NE(Read_Whole(folder / "a.pdf").find("/MediaBox [0 0 567.000000 378.000000]"),
+            std::string::npos);
+  EXPECT_THROW(Write_Page(folder / "a.jpg", page), Run_Time_Error);
+  EXPECT_EQ(folder.count(), 4);
 }
 
 }  // namespace
