@@ -234,6 +234,7 @@ void BRANOK60::run(const std::function<void()>& command, const char* trap) {
 }
 
 void BRANOK60::Not_Available_Yet(int) {
+  if (current_->isCheckable()) current_->setChecked(false);
   dialogue_.show(messages::Not_Available_Yet(Plain_Caption(current_->text()).toStdString()));
 }
 
