@@ -288,6 +288,9 @@ void Picture_Window::paint_overlays(QPainter& painter) const {
   }
   const QString words = fault_.empty() ? notice() : To_Qt(fault_);
   if (words.isEmpty()) return;
+  QFont bold = font();
+  bold.setBold(true);
+  painter.setFont(bold);
   painter.setPen(highlight_color);
   painter.drawText(QRectF(picShade->rect()).adjusted(8, 8, -8, -8),
                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, words);

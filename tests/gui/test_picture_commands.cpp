@@ -216,6 +216,17 @@ TEST_F(Picture_Commands, Without_A_Drawing_The_Cad_Window_Asks) {
   EXPECT_EQ(db().Flag_Cad, flag_true);
 }
 
+TEST_F(Picture_Commands, Another_Mine_Without_A_Drawing_Is_Asked_About_Too) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  user_.boxes.clear();
+  user_.answers = {QMessageBox::Yes};
+  open(mine("mine-c.abk"));
+  ASSERT_FALSE(user_.boxes.empty());
+  EXPECT_TRUE(user_.boxes[0].text.startsWith("Gnerate rough CAD data"));
+  EXPECT_EQ(db().Flag_Cad, flag_true);
+}
+
 TEST_F(Picture_Commands, With_The_Graphic_Window_Its_Picture_Is_The_Source) {
   show_graphic();
   user_.answers = {QMessageBox::Yes};
