@@ -1,11 +1,13 @@
 // The Graphic and CAD menus in the main window: routing, dialogs, files, and how the pictures
 // follow the mine.
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QImage>
 #include <QInputDialog>
 #include <QPushButton>
 #include <QXmlStreamReader>
+#include <algorithm>
 
 #include "files/ver6.h"
 #include "main_window_test.h"
@@ -407,6 +409,47 @@ TEST_F(Picture_Commands, The_Whole_Screen_Shows_The_Picture_Until_A_Key) {
   });
   give("mnuGraphComMax");
   EXPECT_TRUE(user_.dialogs.empty());
+}
+
+TEST_F(Picture_Commands, The_Colour_Index_Opens_Only_With_Temperatures) {
+  show_graphic();
+  EXPECT_FALSE(action("mnuGraphComTemp")->isEnabled());
+  db().Flag_Results = flag_true;
+  give_index("mnuGraphDim", 3);
+  EXPECT_TRUE(action("mnuGraphComTemp")->isEnabled());
+  give("mnuGraphComTemp");
+  EXPECT_TRUE(user_.dialogs_seen.empty() || user_.dialogs_seen.back() != "DlgIndex");
+  EXPECT_TRUE(status("stbRemark").contains("no temperatures"));
+  db().Flag_Annual = 1;
+  give("mnuGraphComTemp");
+  EXPECT_EQ(user_.dialogs_seen.back(), "DlgIndex");
+}
+
+TEST_F(Picture_Commands, The_Colour_Index_Stays_Until_The_Window_Begins_Anew) {
+  db().Flag_Results = flag_true;
+  db().Flag_Annual = 1;
+  show_graphic();
+  bool before = true;
+  const auto toggle = [&before](const char* end) {
+    return [&before, end](QDialog& dialog) {
+      auto* const box = dialog.findChild<QCheckBox*>("chkIndex");
+      before = box->isChecked();
+      box->toggle();
+      dialog.findChild<QPushButton*>(end)->click();
+    };
+  };
+  user_.dialogs = {toggle("cmdOK"), toggle("cmdCancel"), toggle("cmdOK")};
+  give("mnuGraphComTemp");
+  EXPECT_FALSE(before);
+  EXPECT_EQ(graphic()->graphic().GType, "display");
+  give("mnuGraphComTemp");
+  EXPECT_TRUE(before);
+  EXPECT_EQ(graphic()->graphic().GType, "display");
+  give("mnuGraphComTemp");
+  EXPECT_EQ(graphic()->graphic().GType, "none");
+  graphic()->graphic().GType = "display";
+  graphic()->load();
+  EXPECT_EQ(graphic()->graphic().GType, "none");
 }
 
 TEST_F(Picture_Commands, Closing_The_Window_Takes_Its_Menu_Along) {
