@@ -584,7 +584,8 @@ void Picture_Window::cancel() {
   show_cursor();
 }
 
-// Marks that are switched off are found all the same, so that numbers can be read without them.
+// Marks that are switched off are found all the same, so that numbers can be read without them; a
+// node that is not drawn is not.
 void Picture_Window::hover(const QPointF& at) {
   ensure_lists();
   Pick_Ground g = ground();
@@ -598,6 +599,7 @@ void Picture_Window::hover(const QPointF& at) {
 
 void Picture_Window::end_hover() {
   if (under_.node == 0) return;
+  g.bare = false;
   under_ = {};
   emit hint({});
   update_over();
