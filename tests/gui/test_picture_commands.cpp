@@ -452,6 +452,72 @@ TEST_F(Picture_Commands, The_Colour_Index_Stays_Until_The_Window_Begins_Anew) {
   EXPECT_EQ(graphic()->graphic().GType, "none");
 }
 
+TEST_F(Picture_Commands, Keys_Belong_To_The_Window_On_Top) {
+  show_graphic();
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  give_index("mnuWinSelCom", 1);
+  const auto press = [this](Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, held);
+    QCoreApplication::processEvents();
+  };
+  press(Qt::Key_Plus, Qt::ControlModifier);
+  press(Qt::Key_Equal, Qt::ControlModifier);
+  press(Qt::Key_F11);
+  EXPECT_EQ(graphic()->mode(), "none");
+  EXPECT_EQ(cad()->mode(), "none");
+  EXPECT_TRUE(std::ranges::find(user_.dialogs_seen, QString("DlgMax")) == user_.dialogs_seen.end());
+  for (const int index : {2, 3}) {
+    press(index == 2 ? Qt::Key_3 : Qt::Key_4, Qt::ControlModifier);
+    Picture_Window* const top = index == 2 ? static_cast<Picture_Window*>(graphic()) : cad();
+    const Picture_Window* const other =
+        index == 2 ? static_cast<Picture_Window*>(cad()) : graphic();
+    EXPECT_EQ(QApplication::focusWidget(), top->findChild<QWidget*>("picDraw"));
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(top->mode(), "zoom");
+    EXPECT_EQ(other->mode(), "none");
+    press(Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(top->mode(), "none");
+    EXPECT_EQ(top->shown(), View_Rectangle{});
+    press(Qt::Key_Plus);
+    EXPECT_GT(top->shown().Zoom, 1);
+    EXPECT_EQ(other->shown(), View_Rectangle{});
+    press(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(top->shown(), View_Rectangle{});
+    user_.dialogs_seen.clear();
+    press(Qt::Key_F11);
+    EXPECT_EQ(user_.dialogs_seen, std::vector<QString>{"DlgMax"});
+    EXPECT_EQ(QApplication::focusWidget(), top->findChild<QWidget*>("picDraw"));
+    Picture_Hand(*top).key(Qt::Key_Home);
+    give(index == 2 ? "mnuGraphComArea" : "mnuCADComArea");
+    Picture_Hand(*top).drag({0.2, 0.2}, {0.4, 0.4});
+    press(Qt::Key_F5);
+    const Area& selected = index == 2 ? graphic()->graphic().Selected : cad()->cad().Selected;
+    EXPECT_TRUE(selected.whole());
+    press(Qt::Key_Escape);
+  }
+}
+
+TEST_F(Picture_Commands, The_Keyboard_Comes_Back_To_The_Picture_After_A_Dialog) {
+  show_graphic();
+  for (const char* const command : {"mnuGraphComLvl", "mnuGraphComPara", "mnuGraphComColor"}) {
+    give(command);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::focusWidget(), graphic()->findChild<QWidget*>("picDraw")) << command;
+  }
+}
+
+TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
+  EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
+  EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
+  EXPECT_EQ(tool("refresh")->toolTip(), "Show the window on top anew (F5)");
+  for (const QToolButton* const button :
+       control<QToolBar>("tlbBRANOK")->findChildren<QToolButton*>()) {
+    if (button->defaultAction() == nullptr) continue;
+    EXPECT_EQ(button->accessibleName(), button->toolTip());
+  }
+}
+
 TEST_F(Picture_Commands, Closing_The_Window_Takes_Its_Menu_Along) {
   show_graphic();
   control<QMdiArea>("area")->closeActiveSubWindow();
