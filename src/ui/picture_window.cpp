@@ -426,8 +426,11 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
     case QEvent::Leave:
       if (object == picShade) end_hover();
       return false;
-    case QEvent::ContextMenu:
-      emit menu_wanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+    case QEvent::ContextMenu: {
+      const auto& menu = *static_cast<QContextMenuEvent*>(event);
+      // The middle of the whole picture, which the menu key stands for, may be out of sight.
+      const bool key = menu.reason() == QContextMenuEvent::Keyboard;
+      emit menu_wanted(key ? picShade->mapToGlobal(picShade->rect().center()) : menu.globalPos());
       return true;
     case QEvent::KeyPress:
       return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));

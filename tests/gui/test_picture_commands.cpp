@@ -507,6 +507,23 @@ TEST_F(Picture_Commands, The_Keyboard_Comes_Back_To_The_Picture_After_A_Dialog) 
   }
 }
 
+TEST_F(Picture_Commands, The_Menu_Key_Opens_The_Menu_Over_The_Picture) {
+  show_graphic();
+  graphic()->show_area({0, 0, 0.1F, 0.1F});  // the middle of the whole is far out of sight
+  QPoint at;
+  QObject::connect(graphic(), &Picture_Window::menu_wanted, graphic(),
+                   [&at](const QPoint& place) { at = place; });
+  QWidget* const draw = graphic()->findChild<QWidget*>("picDraw");
+  const QPoint middle = draw->rect().center();
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, middle, draw->mapToGlobal(middle));
+  QCoreApplication::sendEvent(draw, &event);
+  QMenu* const menu = control<QMenu>("mnuGraphcom");
+  EXPECT_TRUE(menu->isVisible());
+  menu->hide();
+  const auto* const frame = graphic()->findChild<QWidget*>("picShade");
+  EXPECT_TRUE(frame->rect().contains(frame->mapFromGlobal(at)));
+}
+
 TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
   EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
   EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
