@@ -365,6 +365,11 @@ bool Picture_Window::paste_picture() {
   return true;
 }
 
+void Picture_Window::forget_pasted() {
+  pasted_.clear();
+  repaint_picture();
+}
+
 void Picture_Window::drop_pasted() {
   pasted_.push_back(*carried_);
   carried_.reset();
@@ -432,6 +437,7 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
       const bool key = menu.reason() == QContextMenuEvent::Keyboard;
       emit menu_wanted(key ? picShade->mapToGlobal(picShade->rect().center()) : menu.globalPos());
       return true;
+    }
     case QEvent::KeyPress:
       return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease: {
@@ -593,6 +599,7 @@ void Picture_Window::hover(const QPointF& at) {
   ensure_lists();
   Pick_Ground g = ground();
   if (g.S == 0) g.S = mark_base();
+  g.bare = false;
   const Pick now = Pick_At(g, unit_of(at));
   if (now == under_) return;
   under_ = now;
@@ -602,7 +609,6 @@ void Picture_Window::hover(const QPointF& at) {
 
 void Picture_Window::end_hover() {
   if (under_.node == 0) return;
-  g.bare = false;
   under_ = {};
   emit hint({});
   update_over();

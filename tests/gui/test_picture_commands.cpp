@@ -524,6 +524,19 @@ TEST_F(Picture_Commands, The_Menu_Key_Opens_The_Menu_Over_The_Picture) {
   EXPECT_TRUE(frame->rect().contains(frame->mapFromGlobal(at)));
 }
 
+TEST_F(Picture_Commands, A_Pasted_Picture_Leaves_With_Its_Mine) {
+  QImage stamp(40, 20, QImage::Format_RGB32);
+  stamp.fill(Qt::magenta);
+  show_graphic();
+  const QImage plain = graphic()->shown_picture(1);
+  QGuiApplication::clipboard()->setImage(stamp);
+  give("mnuEditComPaste");
+  Picture_Hand(*graphic()).click({0.5, 0.5});
+  EXPECT_NE(graphic()->shown_picture(1), plain);
+  open(mine("mine-a.abk"));
+  EXPECT_EQ(graphic()->shown_picture(1), plain);
+}
+
 TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
   EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
   EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
