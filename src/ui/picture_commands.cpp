@@ -100,8 +100,8 @@ void BRANOK60::Picture_Save(int) {
   dialog.setObjectName("cmnDlgBRANOK");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters({bitmap + " | *.bmp (*.bmp)", "PNG picture (*.png)", "SVG drawing (*.svg)",
-                         "PDF page (*.pdf)"});
+  dialog.setNameFilters(
+      {bitmap + " (*.bmp)", "PNG picture (*.png)", "SVG drawing (*.svg)", "PDF page (*.pdf)"});
   const auto take_suffix = [&] {
     // The ending of the chosen kind: "PNG picture (*.png)".
     dialog.setDefaultSuffix(dialog.selectedNameFilter().chopped(1).right(3));

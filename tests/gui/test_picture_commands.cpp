@@ -537,6 +537,27 @@ TEST_F(Picture_Commands, A_Pasted_Picture_Leaves_With_Its_Mine) {
   EXPECT_EQ(graphic()->shown_picture(1), plain);
 }
 
+TEST_F(Picture_Commands, The_File_Dialog_Offers_Bitmaps_First) {
+  show_graphic();
+  const auto look = [](const QString& first) {
+    return [first](QDialog& dialog) {
+      auto& files = dynamic_cast<QFileDialog&>(dialog);
+      EXPECT_EQ(files.windowTitle(), "'Save Picture...'");
+      EXPECT_EQ(files.nameFilters().first(), first);
+      EXPECT_EQ(files.selectedNameFilter(), first);
+      EXPECT_EQ(files.defaultSuffix(), "bmp");
+      files.reject();
+    };
+  };
+  user_.dialogs.push_back(look("BitMap Data (*.bmp)"));
+  give("mnuGraphComSave");
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  user_.dialogs.push_back(look("BitMap Files (*.bmp)"));
+  give("mnuCADComSave");
+  EXPECT_TRUE(user_.dialogs.empty());
+}
+
 TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
   EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
   EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
