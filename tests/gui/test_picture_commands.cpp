@@ -558,6 +558,19 @@ TEST_F(Picture_Commands, The_File_Dialog_Offers_Bitmaps_First) {
   EXPECT_TRUE(user_.dialogs.empty());
 }
 
+TEST_F(Picture_Commands, Choosing_A_Picture_Again_Draws_It_Anew) {
+  show_graphic();
+  give("mnuGraphComAttach");
+  graphic()->show_area({0.3F, 0.3F, 0.7F, 0.7F});
+  const auto seen = [this] { return graphic()->findChild<QWidget*>("picShade")->grab().toImage(); };
+  const QImage before = seen();
+  give_index("mnuGraphNode_Info", 1);
+  give_index("mnuGraphNode_Info", 0);
+  EXPECT_NE(seen(), before);
+  show_graphic();
+  EXPECT_EQ(seen(), before);
+}
+
 TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
   EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
   EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
