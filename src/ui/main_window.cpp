@@ -238,6 +238,7 @@ void BRANOK60::run(const std::function<void()>& command, const char* trap) {
   const bool is_file_command = name.starts_with('\'');
   dialogue_.show(is_file_command ? messages::File_Error(name) : messages::Calculation_Error(name));
   refresh_status();
+  show_command_state();  // the click has turned a check mark that the command did not come to
 }
 
 void BRANOK60::Not_Available_Yet(int) {

@@ -571,6 +571,21 @@ TEST_F(Picture_Commands, Choosing_A_Picture_Again_Draws_It_Anew) {
   EXPECT_EQ(seen(), before);
 }
 
+TEST_F(Picture_Commands, After_A_Failure_The_Check_Marks_Tell_What_Holds) {
+  show_graphic();
+  (void)graphic()->grab();
+  db().Node_Junc(1, 1) = 9999;
+  give_index("mnuGraphNode_Info", 1);
+  EXPECT_TRUE(user_.saw("Graphic Node_Info menu"));
+  int marked = 0;
+  for (int i = 0; i <= 3; ++i) {
+    const bool on = static_cast<int>(graphic()->graphic().Graph_NodeInfo) == i;
+    EXPECT_EQ(checked("mnuGraphNode_Info" + QString::number(i)), on) << i;
+    marked += on ? 1 : 0;
+  }
+  EXPECT_EQ(marked, 1);
+}
+
 TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
   EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
   EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
