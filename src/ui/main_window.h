@@ -267,7 +267,6 @@ class BRANOK60 : public QMainWindow {
   Edit_History history_;                 // of the edit copy
   bool check_ran_ = false;               // since the last load or save
   bool drawing_edited_ = false;          // likewise, of what the pictures store in the mine
-  bool color_index_on_ = false;          // Index_On: the picture in space shows temperatures
   std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;
