@@ -13,7 +13,7 @@ MDIGraph::MDIGraph(Database& db, QWidget* parent) : Picture_Window(parent), db_(
 
 void MDIGraph::load() {
   graphic_ = Graphic();
-  set_mode("none");
+  start_anew();
   project_anew();
   set_view(side());
   view_changed();
