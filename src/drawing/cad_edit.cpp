@@ -150,8 +150,9 @@ Primitive_Lists Cad_Moved_Node(const Database& db, const Cad& cad, int node, Poi
   Primitive_Lists lists;
   const Drawing d = Cad_Drawing(db, cad, X, Y, lists);
   if (cad.Cad_Mark_Attach == 1) Build_Node(d, node);
+  // The moved node itself is out of the picture; what counts is the node at the other end.
   For_Each_Airway(db, node, [&](int from, int far, int slot) {
-    if (Is_Placed(db, cad, far)) Build_Airway(d, from, slot);
+    if (Is_Placed(db, cad, from == node ? far : from)) Build_Airway(d, from, slot);
   });
   return lists;
 }

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMimeData>
 #include <algorithm>
 #include <array>
 
@@ -324,7 +325,10 @@ void BRANOK60::Edit_Paste(int) {
     return;
   }
   if (Picture_Window* const picture = picture_on_top()) {
-    if (!picture->paste_picture()) dialogue_.remark("There is no picture on the clipboard");
+    if (picture->paste_picture()) return;
+    const bool unread = QGuiApplication::clipboard()->mimeData()->hasImage();
+    dialogue_.remark(unread ? "The picture on the clipboard is too large to be read"
+                            : "There is no picture on the clipboard");
     return;
   }
   const std::string text = From_Clipboard(Clipboard_Text());

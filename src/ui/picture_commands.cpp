@@ -4,9 +4,9 @@
 #include <QFileDialog>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPainter>
 #include <QScreen>
 #include <QToolBar>
-#include <algorithm>
 
 #include "core/messages.h"
 #include "paint/picture_file.h"
@@ -119,14 +119,20 @@ void BRANOK60::Picture_Save(int) {
   dialogue_.remark("Saved " + file.string());
 }
 
-// The picture fills the screen it is on.
+// The picture fills the screen it is on: drawn for it, so that from a small window the lines do not
+// grow as thick as the marks.
 void BRANOK60::Picture_Max(int) {
   Picture_Window* const window = picture_on_top();
   if (window == nullptr) return;
   const QSizeF screen = this->screen()->size();
-  const QSizeF frame = window->frame_size();
-  const double fit = std::min(screen.width() / frame.width(), screen.height() / frame.height());
-  const QImage image = window->shown_picture(fit * devicePixelRatioF());
+  const QSizeF frame = window->frame_size().expandedTo({1, 1});
+  const QRectF place(QPointF(0, 0), frame.scaled(screen, Qt::KeepAspectRatio));
+  const double ratio = devicePixelRatioF();
+  QImage image((place.size() * ratio).toSize(), QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  QPainter painter(&image);
+  window->paint_shown(painter, place, ratio);
+  painter.end();
   DlgMax(QPixmap::fromImage(image), image.pixelColor(0, 0), this).exec();
 }
 

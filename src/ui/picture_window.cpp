@@ -97,6 +97,11 @@ void Picture_Window::set_mode(std::string_view word) {
   emit mode_changed();
 }
 
+void Picture_Window::start_anew() {
+  pasted_.clear();
+  set_mode("none");
+}
+
 void Picture_Window::toggle_mode(std::string_view word) {
   set_mode(mode_ == word ? std::string_view("none") : word);
 }
@@ -135,8 +140,9 @@ Point Picture_Window::unit_of(const QPointF& frame) const {
   return {(frame.x() - unit.x()) / unit.width(), (frame.y() - unit.y()) / unit.height()};
 }
 
-QRectF Picture_Window::rect_of(const Area& area) const {
-  const QRectF unit = square();
+QRectF Picture_Window::rect_of(const Area& area) const { return rect_in(square(), area); }
+
+QRectF Picture_Window::rect_in(const QRectF& unit, const Area& area) {
   return {QPointF(unit.x() + area.X1 * unit.width(), unit.y() + area.Y1 * unit.height()),
           QPointF(unit.x() + area.X2 * unit.width(), unit.y() + area.Y2 * unit.height())};
 }
@@ -213,6 +219,17 @@ void Picture_Window::redraw() {
   rebuild();
 }
 
+// The lists, and over them what was pasted.
+void Picture_Window::paint_square(QPainter& painter, const QRectF& unit, double ratio) const {
+  {
+    Painter_Surface surface(painter, unit, ratio);
+    paint(surface);
+  }
+  for (const Pasted& pasted : pasted_) {
+    painter.drawImage(rect_in(unit, pasted.place), pasted.picture);
+  }
+}
+
 void Picture_Window::paint_shown(QPainter& painter, const QRectF& target, double ratio) {
   ensure_lists();
   const double scale = target.width() / std::max(1, picShade->width());
@@ -222,15 +239,7 @@ void Picture_Window::paint_shown(QPainter& painter, const QRectF& target, double
   painter.save();
   painter.setClipRect(target);
   painter.fillRect(target, back_color());
-  {
-    Painter_Surface surface(painter, place, ratio);
-    paint(surface);
-  }
-  for (const Pasted& pasted : pasted_) {
-    const QRectF rect = rect_of(pasted.place);
-    painter.drawImage(QRectF(target.topLeft() + scale * rect.topLeft(), scale * rect.size()),
-                      pasted.picture);
-  }
+  paint_square(painter, place, ratio);
   painter.restore();
 }
 
@@ -262,10 +271,12 @@ void Picture_Window::update_over() { picDraw->update(); }
 void Picture_Window::paint_canvas(QPainter& painter) {
   ensure_picture();
   painter.drawPixmap(0, 0, picture_);
+  painter.save();  // the overlays are written in the window's font
   {
     Painter_Surface surface(painter, square(), devicePixelRatioF());
     paint_over(surface);
   }
+  painter.restore();
   paint_overlays(painter);
 }
 
@@ -288,12 +299,15 @@ void Picture_Window::paint_overlays(QPainter& painter) const {
   }
   const QString words = fault_.empty() ? notice() : To_Qt(fault_);
   if (words.isEmpty()) return;
-  QFont bold = font();
-  bold.setBold(true);
-  painter.setFont(bold);
-  painter.setPen(highlight_color);
-  painter.drawText(QRectF(picShade->rect()).adjusted(8, 8, -8, -8),
-                   Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, words);
+  // On a ground of its own: readable on any colour of the picture, whatever is drawn there.
+  constexpr int margin = 8;
+  constexpr auto how = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+  const QRect room = picShade->rect().adjusted(margin, margin, -margin, -margin);
+  const QRect place = painter.fontMetrics().boundingRect(room, how, words);
+  painter.fillRect(place.adjusted(-margin, -margin / 2, margin, margin / 2),
+                   palette().brush(QPalette::ToolTipBase));
+  painter.setPen(palette().color(QPalette::ToolTipText));
+  painter.drawText(place, how, words);
 }
 
 // A ring round the node, or a broad band along the airway, under the pointer.
@@ -336,8 +350,7 @@ QImage Picture_Window::selected_picture() {
   image.setDevicePixelRatio(scale);
   QPainter painter(&image);
   painter.fillRect(QRectF(QPointF(0, 0), part.size()), back_color());
-  Painter_Surface surface(painter, square().translated(-part.topLeft()), scale);
-  paint(surface);
+  paint_square(painter, square().translated(-part.topLeft()), scale);
   return image;
 }
 
@@ -366,11 +379,6 @@ bool Picture_Window::paste_picture() {
   carried_ = Pasted{std::move(picture), {x, y, x + w, y + h}};
   update_over();
   return true;
-}
-
-void Picture_Window::forget_pasted() {
-  pasted_.clear();
-  repaint_picture();
 }
 
 void Picture_Window::drop_pasted() {
@@ -435,6 +443,8 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
       if (object == picShade) end_hover();
       return false;
     case QEvent::ContextMenu: {
+      // A menu would take the release of the button that drags: the drag is broken off instead.
+      if (drag_ != Drag::none) return cancel(), true;
       const auto& menu = *static_cast<QContextMenuEvent*>(event);
       // The middle of the whole picture, which the menu key stands for, may be out of sight.
       const bool key = menu.reason() == QContextMenuEvent::Keyboard;
@@ -532,6 +542,8 @@ void Picture_Window::mouse_pressed(const QMouseEvent& event, const QPointF& at) 
 }
 
 void Picture_Window::mouse_moved(const QMouseEvent& event, const QPointF& at) {
+  // The release went elsewhere, to a message box say: nothing hangs on the pointer any more.
+  if (drag_ != Drag::none && event.buttons() == Qt::NoButton) cancel();
   if (carried_) {
     Area& place = carried_->place;
     const Point corner = unit_of(at);

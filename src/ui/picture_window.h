@@ -111,6 +111,8 @@ class Picture_Window : public QWidget {
   virtual void cancel_drag() {}
   /// Paints over the picture what a drag shows for the moment.
   virtual void paint_over(Surface& surface) const { (void)surface; }
+  /// Another mine: nothing of the one before stays over its picture.
+  void start_anew();
   /// What the engineer is to do next, shown over the picture; empty when nothing is asked of him.
   [[nodiscard]] virtual QString notice() const { return {}; }
   /// The pointer of a mode of the window's own.
@@ -118,8 +120,6 @@ class Picture_Window : public QWidget {
 
   /// Paints at once on the picture as it is, over what stands there.
   void paint_on_picture(const std::function<void(Surface&)>& paint_new);
-  /// Takes away what was pasted.
-  void forget_pasted();
   /// The view has changed: scroll bars and picture follow.
   void view_changed();
   /// What a drag shows has changed.
@@ -141,6 +141,7 @@ class Picture_Window : public QWidget {
   };
 
   [[nodiscard]] QRectF square() const;
+  void paint_square(QPainter& painter, const QRectF& unit, double ratio) const;
   [[nodiscard]] Point unit_of(const QPointF& frame) const;
   void place_canvas();
   void place_bars();
@@ -151,6 +152,7 @@ class Picture_Window : public QWidget {
   void paint_overlays(QPainter& painter) const;
   void paint_highlight(QPainter& painter) const;
   [[nodiscard]] QRectF rect_of(const Area& area) const;
+  [[nodiscard]] static QRectF rect_in(const QRectF& unit, const Area& area);
 
   void mouse_pressed(const QMouseEvent& event, const QPointF& at);
   void mouse_moved(const QMouseEvent& event, const QPointF& at);

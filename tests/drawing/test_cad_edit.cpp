@@ -180,6 +180,14 @@ TEST_F(Cad_Moving, What_A_Drag_Shows_Is_What_The_Move_Draws) {
   EXPECT_EQ(cad.Lists, shown);
 }
 
+// As the window drags: the node is out of the picture meanwhile.
+TEST_F(Cad_Moving, A_Dragged_Node_Keeps_Its_Airways_To_Lower_And_Higher_Nodes) {
+  cad.Cad_MoveNode = 3;
+  const Primitive_Lists shown = Cad_Moved_Node(db, cad, 3, {0.5, 0.8});
+  cad.Cad_MoveNode = 0;
+  EXPECT_EQ(shown, Cad_Moved_Node(db, cad, 3, {0.5, 0.8}));
+}
+
 TEST_F(Cad_Moving, A_Moved_Node_Is_Rebuilt_With_Its_Labels_And_Keeps_Its_Survey) {
   cad.Cad_Airway_Info = Airway_Info::resistance;
   const int ew = db.Node_EW[3];

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QSignalSpy>
 
 #include "demo_mine.h"
@@ -88,6 +89,46 @@ TEST_F(Cad_Window, Escape_Puts_A_Dragged_Node_Back) {
   EXPECT_EQ(db.Node_CadX, before.Node_CadX);
   EXPECT_EQ(picture(), seen);
   EXPECT_EQ(window->mode(), "move");
+}
+
+TEST_F(Cad_Window, The_Right_Button_Breaks_A_Drag_Off) {
+  const Database before = db;
+  QSignalSpy menu(window.get(), &Picture_Window::menu_wanted);
+  window->toggle_mode("move");
+  hand().press(node(4));
+  hand().move({0.77, 0.31});
+  const QPoint at = hand().place({0.77, 0.31});
+  QContextMenuEvent event(QContextMenuEvent::Mouse, at, hand().draw()->mapToGlobal(at));
+  QCoreApplication::sendEvent(hand().draw(), &event);
+  hand().release({0.77, 0.31});
+  EXPECT_EQ(menu.size(), 0);
+  EXPECT_EQ(db, before);
+  EXPECT_EQ(window->cad().Cad_MoveNode, 0);
+}
+
+TEST_F(Cad_Window, A_Drag_Whose_Release_Went_Elsewhere_Is_Over) {
+  const Database before = db;
+  window->toggle_mode("move");
+  hand().press(node(4));
+  hand().move({0.77, 0.31});
+  hand().hover({0.6, 0.4});
+  EXPECT_EQ(window->cad().Cad_MoveNode, 0);
+  hand().release({0.6, 0.4});
+  EXPECT_EQ(db, before);
+}
+
+TEST_F(Cad_Window, What_Is_Asked_For_Stands_In_The_Windows_Font) {
+  db.Flag_Cad = 0;
+  window->load();
+  const QImage seen = window->findChild<QWidget*>("picShade")->grab().toImage();
+  const int line = window->fontMetrics().height();
+  const QColor ground = window->palette().color(QPalette::ToolTipBase);
+  int lowest = 0;
+  for (int y = 0; y < seen.height(); ++y) {
+    if (seen.pixelColor(seen.width() / 2, y) == ground) lowest = y;
+  }
+  EXPECT_GT(lowest, line / 2);
+  EXPECT_LT(lowest, 2 * line + 8);
 }
 
 TEST_F(Cad_Window, A_Press_Beside_Every_Node_Leaves_The_Mode_On) {

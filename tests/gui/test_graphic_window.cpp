@@ -357,6 +357,24 @@ TEST_F(Graphic_Window, A_Pasted_Picture_Follows_The_Mouse_Until_A_Click) {
   EXPECT_EQ(magenta(), 0);
 }
 
+TEST_F(Graphic_Window, A_Pasted_Picture_Is_Copied_With_Its_Part_And_Goes_With_Its_Mine) {
+  QImage stamp(40, 20, QImage::Format_RGB32);
+  stamp.fill(Qt::magenta);
+  QGuiApplication::clipboard()->setImage(stamp);
+  ASSERT_TRUE(window->paste_picture());
+  hand().hover({0.5, 0.5});
+  hand().click({0.5, 0.5});
+  window->set_mode("area");
+  hand().drag({0.5, 0.5}, {0.52, 0.51});
+  const QImage part = window->selected_picture();
+  EXPECT_EQ(part.pixelColor(part.rect().center()), QColor(Qt::magenta));
+  window->load();
+  const QImage now = picture();
+  for (int y = 0; y < now.height(); ++y) {
+    for (int x = 0; x < now.width(); ++x) ASSERT_NE(now.pixelColor(x, y), QColor(Qt::magenta));
+  }
+}
+
 TEST_F(Graphic_Window, Escape_Drops_A_Picture_That_Is_Being_Pasted) {
   QImage stamp(40, 20, QImage::Format_RGB32);
   stamp.fill(Qt::magenta);

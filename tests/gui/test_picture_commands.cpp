@@ -310,6 +310,24 @@ TEST_F(Picture_Commands, The_Highest_Node_Is_Deleted) {
   (void)cad()->grab();
 }
 
+TEST_F(Picture_Commands, Every_Node_Can_Be_Deleted_And_The_Rest_Is_Refused_In_Words) {
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  for (int node = db().Node_Total; node >= 1; --node) {
+    if (node > db().Node_Total) continue;
+    answer_with(QString::number(node));
+    user_.answers = {QMessageBox::Ok};
+    give("mnuCADComDel");
+    (void)cad()->grab();
+  }
+  for (int node = 1; node <= db().Node_Total; ++node) EXPECT_EQ(db().Node_JuncCount[node], 0);
+  EXPECT_EQ(db().Flag_Results, 0);
+  give("mnuCADComClear");
+  show_graphic();
+  (void)graphic()->grab();
+  EXPECT_TRUE(status("stbRemark").contains("not complete")) << qPrintable(status("stbRemark"));
+}
+
 TEST_F(Picture_Commands, A_Middle_Node_Leaves_A_Gap_In_The_Numbers) {
   user_.answers = {QMessageBox::Yes};
   show_cad();
@@ -606,6 +624,26 @@ TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
     if (button->defaultAction() == nullptr) continue;
     EXPECT_EQ(button->accessibleName(), button->toolTip());
   }
+}
+
+TEST_F(Picture_Commands, The_Whole_Screen_Has_Thin_Lines_From_A_Small_Window_Too) {
+  show_graphic();
+  const auto drawn_share = [&](const QSize& window) {
+    QMdiSubWindow* const frame = control<QMdiArea>("area")->activeSubWindow();
+    frame->showNormal();
+    frame->resize(window);
+    QCoreApplication::processEvents();
+    double share = 0;
+    user_.dialogs.push_back([&](QDialog& dialog) {
+      const QImage image = dialog.findChild<QLabel*>("picMax")->pixmap().toImage();
+      share = Pixels_Unlike(image, Qt::black) / (1.0 * image.width() * image.height());
+      QTest::keyClick(&dialog, Qt::Key_A);
+    });
+    give("mnuGraphComMax");
+    return share;
+  };
+  const double large = drawn_share({640, 640});
+  EXPECT_NEAR(drawn_share({200, 200}) / large, 1, 0.4);
 }
 
 TEST_F(Picture_Commands, Closing_The_Window_Takes_Its_Menu_Along) {
