@@ -135,6 +135,12 @@ int Cad_Place_Node(Database& db, Cad& cad, Point at) {
   return connected ? node : 0;
 }
 
+bool Cad_Complete(Database& db, const Cad& cad) {
+  if (db.Flag_Cad != 0 || cad.Cad_InputNode < 1 || cad.Cad_InputNode < db.Node_Total) return false;
+  db.Flag_Cad = flag_true;
+  return true;
+}
+
 void Cad_Node_Parts(const Database& db, Cad& cad, int node, std::string_view word) {
   Cad_Node(db, cad, node, word);
   For_Each_Airway(db, node,
