@@ -409,7 +409,8 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
     }
     case QEvent::MouseButtonDblClick: {
       const auto& mouse = *static_cast<QMouseEvent*>(event);
-      if (mouse.button() == Qt::LeftButton && mode_ == "none" && drag_ == Drag::none) {
+      if (mouse.button() == Qt::LeftButton && mode_ == "none" && drag_ == Drag::none &&
+          !takes_every_click()) {
         pick_at(frame_place(mouse.position()));
       } else {
         mouse_pressed(mouse, frame_place(mouse.position()));
@@ -427,7 +428,9 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
       if (object == picShade) end_hover();
       return false;
     case QEvent::ContextMenu:
-      emit menu_wanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+      // A menu that came up in the midst of a drag would take the end of the drag away.
+      if (drag_ == Drag::none)
+        emit menu_wanted(static_cast<QContextMenuEvent*>(event)->globalPos());
       return true;
     case QEvent::KeyPress:
       return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));
