@@ -44,7 +44,11 @@ void BRANOK60::Window_Select(int index) {
   enum { database, analysis, graphic, cad };
   if (index == database) return bring_up(database_window());
   if (index == graphic) return bring_up(graphic_window());
-  if (index == cad) return bring_up(cad_window());
+  if (index == cad) {
+    bring_up(cad_window());
+    if (!cad_offered_) offer_cad();
+    return;
+  }
   const bool was_open = analysis_ != nullptr;
   bring_up(analysis_window());
   if (was_open) Analysis_Display(0);
