@@ -136,7 +136,8 @@ int Cad_Place_Node(Database& db, Cad& cad, Point at) {
 }
 
 bool Cad_Complete(Database& db, const Cad& cad) {
-  if (db.Flag_Cad != 0 || cad.Cad_InputNode < 1 || cad.Cad_InputNode < db.Node_Total) return false;
+  const bool all = db.Node_Total > 0 && cad.Cad_InputNode >= db.Node_Total;
+  if (db.Flag_Cad != 0 || !all) return false;
   db.Flag_Cad = flag_true;
   return true;
 }

@@ -153,6 +153,8 @@ TEST_F(Cad_New_Nodes, A_Drawing_That_Lost_Its_Missing_Nodes_Is_Complete) {
   EXPECT_TRUE(Cad_Complete(db, cad));
   EXPECT_EQ(db.Flag_Cad, flag_true);
   EXPECT_FALSE(Cad_Complete(db, cad));  // it was before
+  db.Flag_Cad = db.Node_Total = 0;
+  EXPECT_FALSE(Cad_Complete(db, cad));  // an empty mine has no drawing
 }
 
 }  // namespace

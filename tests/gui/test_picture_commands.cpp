@@ -310,6 +310,20 @@ TEST_F(Picture_Commands, A_Drawing_By_Mouse_Goes_On_After_Its_Window_Was_Closed)
   EXPECT_EQ(cad()->cad().Cad_InputNode, 0);  // another mine begins anew
 }
 
+TEST_F(Picture_Commands, A_Smaller_Mine_Does_Not_Take_The_Clicks_Of_The_One_Before) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  for (int i = 1; i <= 8; ++i) Picture_Hand(*cad()).click({0.1 * i, 0.3});
+  Database small;
+  New_Database(small, "2024/05/06");
+  std::ofstream(home_ / "small.abk", std::ios::binary) << Ver6_Text(small, Comment_Template());
+  user_.answers = {QMessageBox::Yes, QMessageBox::No};
+  open(home_ / "small.abk");
+  ASSERT_EQ(db().Node_Total, 5);
+  EXPECT_EQ(db().Flag_Cad, 0);
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 0);
+}
+
 TEST_F(Picture_Commands, A_Save_Tells_That_A_Drawing_By_Mouse_Is_Not_In_The_File) {
   user_.answers = {QMessageBox::No};
   show_cad();
