@@ -15,6 +15,10 @@ const std::array<std::int32_t, 17> Temperature_Color = {
     RGB(224, 27, 45),  RGB(254, 101, 102), RGB(247, 151, 146), RGB(254, 204, 193),
     RGB(255, 255, 255)};
 
+bool Has_Temperatures(const Database& db) {
+  return db.Flag_Results != 0 && (db.Flag_Annual == 1 || db.Flag_Season == 1);
+}
+
 std::optional<double> Read_Temperature(std::string_view text) {
   try {
     return Parse_Double(text);

@@ -9,6 +9,11 @@
 
 namespace branok {
 
+struct Database;
+
+/// Whether the airways have temperatures that a run has calculated.
+bool Has_Temperatures(const Database& db);
+
 /// Colours of the temperature levels 0..16, 0x00BBGGRR; 0 is colder than the scale, 16 hotter.
 extern const std::array<std::int32_t, 17> Temperature_Color;
 

@@ -144,7 +144,12 @@ void Graph_SetView(const Database& db, Graphic& g, double side) {
 }
 
 Pick_Ground Ground_Of(const Database& db, const Graphic& g) {
-  return {db, db.Node_GraphX, db.Node_GraphY, g.Root, g.Mark_Size};
+  return {.db = db,
+          .X = db.Node_GraphX,
+          .Y = db.Node_GraphY,
+          .directions = g.Root,
+          .S = g.Mark_Size,
+          .bare = true};
 }
 
 }  // namespace branok

@@ -94,14 +94,13 @@ int Grid_Steps(double range, double unit, int least, int more) {
   return steps < least ? steps + more : steps;
 }
 
-void Set_Grid(const Database& db, Graphic& g, const Mine_Extent& mine) {
+void Set_Grid(const Database& db, Graphic& g) {
   const double unit = g.Grid_Unit;
   const double z_range = Span(db.Range_ZMin, db.Range_ZMax);
   g.Grid_EWFirst = g.Grid_SNFirst = g.Grid_ZFirst = 0;
   g.Grid_EWLast = Grid_Steps(Span(g.Range_EWMin, g.Range_EWMax), unit, 4, 2);
   g.Grid_SNLast = Grid_Steps(Span(g.Range_SNMin, g.Range_SNMax), unit, 3, 2);
-  // The levels are counted by the extent itself, and placed by the rounded one.
-  const int z_steps = static_cast<int>(Round(mine.z.span() / unit));
+  const int z_steps = static_cast<int>(Round(z_range / unit));
   g.Grid_ZLast = z_steps < 3 ? 3 : z_steps;
   const auto place = [&](int i, double half) { return To_Int32(unit * i - Round(half)); };
   for (int i = 0; i <= g.Grid_SNLast; ++i) g.Grid_SN[i] = place(i, 0.5 * unit * g.Grid_SNLast);
@@ -125,7 +124,7 @@ std::string Graph_Range(Database& db, Graphic& g) {
     g.Grid_Unit = Unit_Of(mine);
     Set_Ranges(db, g, mine);
     Set_Far_Length(db, g);
-    Set_Grid(db, g, mine);
+    Set_Grid(db, g);
     Reset_Band(db, g);
   });
 }

@@ -54,6 +54,7 @@ struct Graphic {
   View_Rectangle View;
   Area Selected;  ///< what printing and the picture copy take
 
+  std::string GType = "none";  ///< "display": the picture in space shows temperatures
   Node_Info Graph_NodeInfo = Node_Info::none;
   Primitive_Lists Graph;   ///< Graph_Line, Graph_Circle, Graph_Text, Graph_Info
   Airway_Directions Root;  ///< Root_DirX, Root_DirY, Root_DirLen

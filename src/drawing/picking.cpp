@@ -72,7 +72,7 @@ std::string Airway_Text(const Database& db, const Pick& pick) {
 
 int Pick_Node(const Pick_Ground& ground, Point at) {
   for (int i = 1; i <= std::min<int>(ground.db.Node_Total, ground.last); ++i) {
-    if (ground.db.Node_JuncCount[i] <= 0) continue;
+    if (!ground.bare && ground.db.Node_JuncCount[i] <= 0) continue;
     const double X = ground.X[i];
     const double Y = ground.Y[i];
     const double S = ground.S;

@@ -14,6 +14,7 @@ struct Pick_Ground {
   const Airway_Directions& directions;
   double S;              ///< size of the marks; 0 finds nothing
   int last = max_nodes;  ///< nodes above it are not placed yet
+  bool bare = false;     ///< nodes without airways are found too, where they lay last
 };
 
 /// A node, an airway (node and slot, from its lower-numbered end), or nothing.
@@ -24,8 +25,8 @@ struct Pick {
 };
 
 /// The first node 1..Node_Total whose box of half-side S holds the point; a point on the box's edge
-/// is outside. A node without airways is in no picture: where it lay before its deletion nothing is
-/// found. 0 for none.
+/// is outside. A node without airways is in no picture: unless the ground has them, nothing is
+/// found where it lay before its deletion. 0 for none.
 int Pick_Node(const Pick_Ground& ground, Point at);
 
 /// The airway that lies nearest to the point, less than 2 S away; of two as near the earlier.

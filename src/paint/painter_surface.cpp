@@ -93,6 +93,7 @@ Painter_Surface::Painter_Surface(QPainter& painter, const QRectF& square, double
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   painter_.setBrush(Qt::NoBrush);
   painter_.setFont(Times().font);
+  if (painter_.hasClipping()) seen_ = painter_.clipBoundingRect();
 }
 
 Painter_Surface::~Painter_Surface() { Painter_Surface::finish(); }
@@ -104,6 +105,11 @@ QPointF Painter_Surface::place(Point at) const {
 QRectF Painter_Surface::box(Point centre, double radius) const {
   const QPointF corner = place(centre - Point{radius, radius});
   return {corner.x(), corner.y(), 2 * radius * square_.width(), 2 * radius * square_.height()};
+}
+
+// What lies outside of the clipping costs nothing: most of a picture does when it is zoomed in.
+bool Painter_Surface::is_seen(const QRectF& box, double margin) const {
+  return seen_.isNull() || seen_.intersects(box.adjusted(-margin, -margin, margin, margin));
 }
 
 bool Painter_Surface::is_bitmap() const {
@@ -139,6 +145,11 @@ void Painter_Surface::Line(Point to, std::int32_t color, double width) {
 
 void Painter_Surface::finish() {
   if (way_.isEmpty()) return;
+  if (is_seen(way_.boundingRect(), width_ + 1)) draw_way();
+  way_.resize(0);  // its memory stays
+}
+
+void Painter_Surface::draw_way() {
   set_pen(color_, width_, way_.size() == 1 ? Qt::RoundCap : Qt::FlatCap);
   if (way_.size() == 1) {
     painter_.drawPoint(way_.first());
@@ -147,13 +158,13 @@ void Painter_Surface::finish() {
   } else {
     painter_.drawPolyline(way_);
   }
-  way_.resize(0);  // its memory stays
 }
 
 // Bitmaps draw rings of one device pixel many times faster than wider ones, so there a wider circle
 // is made of some, which overlap to leave no seams.
 void Painter_Surface::Circle(Point centre, double radius, std::int32_t color, double width) {
   finish();
+  if (!is_seen(box(centre, radius), width)) return;
   const double thin = 1 / ratio_;
   if (!is_bitmap() || width <= thin) {
     set_pen(color, width);
@@ -179,10 +190,14 @@ void Painter_Surface::Arc(Point centre, double radius, double start, double end,
 
 void Painter_Surface::Text(const Text_Cell& cell, std::int32_t color, std::string_view text) {
   finish();
+  const QPointF corner = place(cell.corner);
+  // However it is turned: no character is wider than four cells.
+  const double reach =
+      (cell.height() + 4.0 * cell.width * static_cast<double>(text.size())) / ratio_;
+  if (!is_seen(QRectF(corner, QSizeF(0, 0)), reach)) return;
   const Face& face = Times();
   const double width = digit_width * cell.width / ratio_ / face.width;
   const double height = digit_height * cell.height() / ratio_ / face.height;
-  const QPointF corner = place(cell.corner);
   QTransform at_base;
   at_base.translate(corner.x(), corner.y());
   at_base.rotate(-cell.escapement / 10.0);

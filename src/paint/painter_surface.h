@@ -39,10 +39,13 @@ class Painter_Surface : public Surface {
   [[nodiscard]] QPointF place(Point at) const;
   [[nodiscard]] QRectF box(Point centre, double radius) const;
   [[nodiscard]] bool is_bitmap() const;
+  [[nodiscard]] bool is_seen(const QRectF& box, double margin) const;
+  void draw_way();
   void set_pen(std::int32_t color, double width, Qt::PenCapStyle cap = Qt::FlatCap);
 
   QPainter& painter_;
   QRectF square_;
+  QRectF seen_;  // of the painter's clipping; null without one
   double ratio_;
   QPolygonF way_;  // of the pen, not painted yet
   std::int32_t color_ = 0;

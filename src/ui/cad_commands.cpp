@@ -30,7 +30,6 @@ MDICad& BRANOK60::cad_window() {
 
 void BRANOK60::offer_cad() {
   if (project_.db.Flag_Cad != 0) return;
-  cad_offered_ = true;
   const Cad_Source source = graphic_seen_ ? Cad_Source::graphic : Cad_Source::survey;
   const bool graphic = source == Cad_Source::graphic;
   if (dialogue_.show(messages::Ask_Cad_Source(graphic)) == Answer::yes) generate_cad(source);

@@ -15,6 +15,7 @@ MDICad::MDICad(Database& db, QWidget* parent) : Picture_Window(parent), db_(db) 
 void MDICad::load() {
   cad_ = Cad();
   set_mode("none");
+  forget_pasted();
   if (db_.Flag_Cad != 0) Cad_Normalize(db_);
   set_view(side());
   rebuild();

@@ -117,6 +117,7 @@ DlgColor::DlgColor(const Color_Copy& colors, Color_Set set, QWidget* parent)
   setWindowTitle(set == Color_Set::cad ? "CAD Color Setting" : "Graphic Color Setting");
   setModal(true);
   cboColor->setObjectName("cboColor");
+  cboColor->setAccessibleName("What is coloured");
   for (const std::string_view caption : Color_Captions(set)) cboColor->addItem(To_Qt(caption));
   cboColor->setMaxVisibleItems(cboColor->count());
   const int line = fontMetrics().height();

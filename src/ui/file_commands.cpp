@@ -5,6 +5,7 @@
 #include <QTreeView>
 
 #include "core/messages.h"
+#include "ui/cad_window.h"
 #include "ui/database_window.h"
 #include "ui/main_window.h"
 #include "ui/qt_text.h"
@@ -89,7 +90,7 @@ void BRANOK60::opened(const Read_Result& result) {
   rebuild_recent_menu();
   refresh_windows();
   if (result.ok && area_->subWindowList().isEmpty()) analysis_window();
-  if (result.ok && window_tag() == "cad") offer_cad();
+  if (result.ok && cad_ != nullptr) offer_cad();
 }
 
 // The open mine's file heads the recent ones, where it can be one.

@@ -1,6 +1,7 @@
 #include "ui/full_screen_picture.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
 
@@ -23,7 +24,10 @@ DlgMax::DlgMax(const QPixmap& picture, const QColor& around, QWidget* parent)
   setWindowState(Qt::WindowFullScreen);
 }
 
-void DlgMax::keyPressEvent(QKeyEvent*) { accept(); }
+// The key that opened it may still be held.
+void DlgMax::keyPressEvent(QKeyEvent* event) {
+  if (!event->isAutoRepeat()) accept();
+}
 
 void DlgMax::mousePressEvent(QMouseEvent*) { pressed_ = true; }
 

@@ -84,7 +84,16 @@ void BRANOK60::Graphic_Color(int) {
   drawing_edited();
 }
 
-void BRANOK60::Graphic_Temp(int) { DlgIndex(project_.db, color_index_on_, dialogue_, this).exec(); }
+// A scale needs temperatures; a flow run alone leaves none.
+void BRANOK60::Graphic_Temp(int) {
+  if (!Has_Temperatures(project_.db)) {
+    dialogue_.remark("There are no temperatures yet: run Annual Temp. and Flow");
+    return;
+  }
+  Graphic& state = graphic_window().graphic();
+  DlgIndex dialog(project_.db, state.GType == "display", dialogue_, this);
+  if (dialog.exec() == QDialog::Accepted) state.GType = dialog.Index_On() ? "display" : "none";
+}
 
 void BRANOK60::Graphic_Para(int) {
   MDIGraph& window = graphic_window();

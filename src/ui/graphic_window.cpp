@@ -14,6 +14,7 @@ MDIGraph::MDIGraph(Database& db, QWidget* parent) : Picture_Window(parent), db_(
 void MDIGraph::load() {
   graphic_ = Graphic();
   set_mode("none");
+  forget_pasted();
   project_anew();
   set_view(side());
   view_changed();

@@ -16,10 +16,6 @@ namespace branok {
 
 namespace {
 
-bool Has_Temperatures(const Database& db) {
-  return db.Flag_Results != 0 && (db.Flag_Annual == 1 || db.Flag_Season == 1);
-}
-
 // Black or white, whichever is read on the colour.
 QColor Ink_On(const QColor& color) {
   constexpr int middle = 128;

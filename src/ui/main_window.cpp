@@ -48,6 +48,13 @@ QString Plain_Caption(QString caption) {
   return caption;
 }
 
+// The keys of a command. On most keyboards + is typed with Shift: the key without it will do too.
+QList<QKeySequence> Keys_Of(const char* shortcut) {
+  QList<QKeySequence> keys = {QKeySequence(shortcut)};
+  if (keys.first() == QKeySequence("Ctrl++")) keys << QKeySequence("Ctrl+=");
+  return keys;
+}
+
 // Screen pixels and twips, the unit of the stored position.
 double Twips_Per_Pixel(const QWidget& widget, bool x) {
   return 1440.0 / (x ? widget.logicalDpiX() : widget.logicalDpiY());
@@ -133,7 +140,7 @@ void BRANOK60::build_menus() {
         QAction* const made = menu->addAction(Icon_Of(entry.icon), entry.caption);
         made->setObjectName(Control_Name(entry.name, entry.index));
         made->setToolTip(entry.tip);
-        made->setShortcut(QKeySequence(entry.shortcut));
+        made->setShortcuts(Keys_Of(entry.shortcut));
         made->setCheckable(entry.checkable);
         connect(made, &QAction::triggered, this, [this, made, &entry] {
           current_ = made;
@@ -231,6 +238,7 @@ void BRANOK60::run(const std::function<void()>& command, const char* trap) {
   const bool is_file_command = name.starts_with('\'');
   dialogue_.show(is_file_command ? messages::File_Error(name) : messages::Calculation_Error(name));
   refresh_status();
+  show_command_state();  // the click has turned a check mark that the command did not come to
 }
 
 void BRANOK60::Not_Available_Yet(int) {

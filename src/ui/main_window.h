@@ -264,14 +264,12 @@ class BRANOK60 : public QMainWindow {
   void drawing_edited();
 
   Project project_;
-  Edit_Copy edit_;               // of the open mine, whether its window is open or not
-  Edit_History history_;         // of the edit copy
-  bool check_ran_ = false;       // since the last load or save
-  bool drawing_edited_ = false;  // likewise, of what the pictures store in the mine
-  int placed_nodes_ = 0;         // of a drawing by mouse that is not complete: in no file
-  bool graphic_seen_ = false;    // the Graphic window has shown this mine
-  bool cad_offered_ = false;     // it has been asked how the drawing of this mine is to come
-  bool color_index_on_ = false;  // Index_On: the picture in space shows temperatures
+  Edit_Copy edit_;                       // of the open mine, whether its window is open or not
+  Edit_History history_;                 // of the edit copy
+  bool check_ran_ = false;               // since the last load or save
+  bool drawing_edited_ = false;          // likewise, of what the pictures store in the mine
+  int placed_nodes_ = 0;                 // of a drawing by mouse that is not complete: in no file
+  bool graphic_seen_ = false;            // the Graphic window has shown this mine
   std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;

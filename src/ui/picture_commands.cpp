@@ -67,7 +67,6 @@ void BRANOK60::refresh_pictures() {
 void BRANOK60::load_pictures() {
   placed_nodes_ = 0;
   graphic_seen_ = graphic_ != nullptr;
-  cad_offered_ = false;
   if (graphic_ != nullptr) graphic_->load();
   if (cad_ != nullptr) cad_->load();
 }
@@ -98,13 +97,13 @@ void BRANOK60::save_picture(Picture_Window& window, const std::filesystem::path&
 void BRANOK60::Picture_Save(int) {
   Picture_Window* const window = picture_on_top();
   if (window == nullptr) return;
-  const QString bitmap = window_tag() == "cad" ? "BitMap Files" : "BitMap Data";
+  const bool cad = window_tag() == "cad";
   QFileDialog dialog(this, "'Save Picture...'");
   dialog.setObjectName("cmnDlgBRANOK");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters({bitmap + " | *.bmp (*.bmp)", "PNG picture (*.png)", "SVG drawing (*.svg)",
-                         "PDF page (*.pdf)"});
+  dialog.setNameFilters({cad ? "BitMap Files (*.bmp)" : "BitMap Data (*.bmp)",
+                         "PNG picture (*.png)", "SVG drawing (*.svg)", "PDF page (*.pdf)"});
   const auto take_suffix = [&] {
     // The ending of the chosen kind: "PNG picture (*.png)".
     dialog.setDefaultSuffix(dialog.selectedNameFilter().chopped(1).right(3));
@@ -112,6 +111,9 @@ void BRANOK60::Picture_Save(int) {
   connect(&dialog, &QFileDialog::filterSelected, &dialog, take_suffix);
   take_suffix();
   dialog.setDirectory(Name_To_Qt(save_folder()));
+  const std::string view = cad ? "cad" : graphic_->graphic().view;
+  const std::string mine = project_.file.empty() ? "mine" : project_.file.stem().string();
+  dialog.selectFile(Name_To_Qt(mine + "-" + view));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   const std::filesystem::path file = To_Path(dialog.selectedFiles().first());
   const Busy busy(dialogue_);

@@ -288,6 +288,9 @@ void Picture_Window::paint_overlays(QPainter& painter) const {
   }
   const QString words = fault_.empty() ? notice() : To_Qt(fault_);
   if (words.isEmpty()) return;
+  QFont bold = font();
+  bold.setBold(true);
+  painter.setFont(bold);
   painter.setPen(highlight_color);
   painter.drawText(QRectF(picShade->rect()).adjusted(8, 8, -8, -8),
                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, words);
@@ -365,6 +368,11 @@ bool Picture_Window::paste_picture() {
   return true;
 }
 
+void Picture_Window::forget_pasted() {
+  pasted_.clear();
+  repaint_picture();
+}
+
 void Picture_Window::drop_pasted() {
   pasted_.push_back(*carried_);
   carried_.reset();
@@ -427,11 +435,15 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
     case QEvent::Leave:
       if (object == picShade) end_hover();
       return false;
-    case QEvent::ContextMenu:
+    case QEvent::ContextMenu: {
       // A menu that came up in the midst of a drag would take the end of the drag away.
-      if (drag_ == Drag::none)
-        emit menu_wanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+      if (drag_ != Drag::none) return true;
+      const auto& menu = *static_cast<QContextMenuEvent*>(event);
+      // The middle of the whole picture, which the menu key stands for, may be out of sight.
+      const bool key = menu.reason() == QContextMenuEvent::Keyboard;
+      emit menu_wanted(key ? picShade->mapToGlobal(picShade->rect().center()) : menu.globalPos());
       return true;
+    }
     case QEvent::KeyPress:
       return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease: {
@@ -587,11 +599,13 @@ void Picture_Window::cancel() {
   show_cursor();
 }
 
-// Marks that are switched off are found all the same, so that numbers can be read without them.
+// Marks that are switched off are found all the same, so that numbers can be read without them; a
+// node that is not drawn is not.
 void Picture_Window::hover(const QPointF& at) {
   ensure_lists();
   Pick_Ground g = ground();
   if (g.S == 0) g.S = mark_base();
+  g.bare = false;
   const Pick now = Pick_At(g, unit_of(at));
   if (now == under_) return;
   under_ = now;

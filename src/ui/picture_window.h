@@ -120,6 +120,8 @@ class Picture_Window : public QWidget {
 
   /// Paints at once on the picture as it is, over what stands there.
   void paint_on_picture(const std::function<void(Surface&)>& paint_new);
+  /// Takes away what was pasted.
+  void forget_pasted();
   /// The view has changed: scroll bars and picture follow.
   void view_changed();
   /// What a drag shows has changed.

@@ -43,11 +43,13 @@ void BRANOK60::Window_Icon(int) {
 void BRANOK60::Window_Select(int index) {
   enum { database, analysis, graphic, cad };
   if (index == database) return bring_up(database_window());
-  if (index == graphic) return bring_up(graphic_window());
+  if (index == graphic) {
+    bring_up(graphic_window());
+    return graphic_->data_changed();
+  }
   if (index == cad) {
     bring_up(cad_window());
-    if (!cad_offered_) offer_cad();
-    return;
+    return cad_->data_changed();
   }
   const bool was_open = analysis_ != nullptr;
   bring_up(analysis_window());

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "drawing/cad.h"
+#include "drawing/graphic.h"
 #include "drawn_mine.h"
 
 namespace branok {
@@ -81,6 +82,15 @@ TEST_F(Picking, A_Node_Goes_Before_Its_Airways) {
 TEST_F(Picking, A_Node_Without_Airways_Is_In_No_Picture) {
   db.Node_JuncCount[1] = 0;
   EXPECT_EQ(Pick_Node(Ground(), {0.25, 0.25}), 0);
+}
+
+TEST_F(Picking, The_Graphic_Picture_Finds_It_Where_It_Lay) {
+  Graphic graphic;
+  graphic.Mark_Size = static_cast<float>(S);
+  db.Node_JuncCount[1] = 0;
+  db.Node_GraphX[1] = db.Node_GraphY[1] = 0.25F;
+  db.Node_GraphX[2] = db.Node_GraphY[2] = 0.25F;
+  EXPECT_EQ(Pick_Node(Ground_Of(db, graphic), {0.25, 0.25}), 1);
 }
 
 TEST_F(Picking, An_Airway_Is_Found_Less_Than_Two_Marks_Beside_It) {

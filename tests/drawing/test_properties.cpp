@@ -291,14 +291,14 @@ TEST(Grid, Is_Coarser_From_635_Metres_On) {
   EXPECT_EQ(Built(db, "2dh", 1).Grid_Unit, 100);
 }
 
-TEST(Grid, Counts_The_Levels_Of_The_Nodes_And_Places_The_Rounded_Ones) {
+TEST(Grid, Of_A_Section_Reaches_From_The_Lowest_To_The_Highest_Rounded_Level) {
   // 30 m from -35 to -5 are rounded outward to 40 m.
   Database db = Chain({{0, 0, -35}, {100, 100, -5}});
   const Graphic graphic = Built(db, "2dew", 1);
   EXPECT_EQ(db.Range_ZMax - db.Range_ZMin, 40);
-  EXPECT_EQ(graphic.Grid_ZLast, 3);
+  EXPECT_EQ(graphic.Grid_ZLast, 4);
   EXPECT_EQ(graphic.Grid_Z[0], -20);
-  EXPECT_EQ(graphic.Grid_Z[3], 10);
+  EXPECT_EQ(graphic.Grid_Z[4], 20);
 }
 
 TEST(Centre, Off_Zero_Stays_And_On_Zero_Moves) {

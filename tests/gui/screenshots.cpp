@@ -79,6 +79,7 @@ class Photographer {
     for (QWidget* const top : QApplication::topLevelWidgets()) {
       if (top->objectName() == "Help") take(*top, "help");
     }
+    user_.answers = {QMessageBox::Yes};  // the edits of mine A may go
     window.open_file(home / "DATA" / "mine-c.abk");
     take(window, "mine-c");
     pictures(window);

@@ -56,6 +56,7 @@ TEST_F(Color_Dialog, Lists_The_Rows_Of_Its_Picture) {
     EXPECT_EQ(dialog->windowTitle(),
               set == Color_Set::cad ? "CAD Color Setting" : "Graphic Color Setting");
   }
+  EXPECT_FALSE(rows().accessibleName().isEmpty());
   EXPECT_EQ(control<QAbstractButton>("cmdColor").text(), "Setting...");
   EXPECT_EQ(control<QAbstractButton>("cmdDefault").text(), "&Default");
   EXPECT_EQ(control<QAbstractButton>("cmdMono").text(), "&Mono");

@@ -39,6 +39,13 @@ TEST_F(Full_Screen, Any_Key_Closes_It) {
   }
 }
 
+TEST_F(Full_Screen, A_Key_That_Is_Still_Held_Leaves_It) {
+  open();
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_F11, Qt::NoModifier, {}, true);
+  QCoreApplication::sendEvent(dialog.get(), &held);
+  EXPECT_TRUE(dialog->isVisible());
+}
+
 TEST_F(Full_Screen, Any_Click_Closes_It) {
   for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
     open();

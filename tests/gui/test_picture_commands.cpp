@@ -1,5 +1,6 @@
 // The Graphic and CAD menus in the main window: routing, dialogs, files, and how the pictures
 // follow the mine.
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QImage>
@@ -7,6 +8,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QXmlStreamReader>
+#include <algorithm>
 
 #include "files/ver6.h"
 #include "main_window_test.h"
@@ -218,6 +220,17 @@ TEST_F(Picture_Commands, Without_A_Drawing_The_Cad_Window_Asks) {
   EXPECT_EQ(db().Flag_Cad, flag_true);
 }
 
+TEST_F(Picture_Commands, Another_Mine_Without_A_Drawing_Is_Asked_About_Too) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  user_.boxes.clear();
+  user_.answers = {QMessageBox::Yes};
+  open(mine("mine-c.abk"));
+  ASSERT_FALSE(user_.boxes.empty());
+  EXPECT_TRUE(user_.boxes[0].text.startsWith("Gnerate rough CAD data"));
+  EXPECT_EQ(db().Flag_Cad, flag_true);
+}
+
 TEST_F(Picture_Commands, With_The_Graphic_Window_Its_Picture_Is_The_Source) {
   show_graphic();
   user_.answers = {QMessageBox::Yes};
@@ -272,23 +285,6 @@ TEST_F(Picture_Commands, Another_Mine_Without_A_Drawing_Asks_In_The_Open_Cad_Win
   open(mine("mine-a.abk"));
   EXPECT_TRUE(user_.saw("Drawing CAD with mouse pointing for each node (No)"));
   EXPECT_EQ(db().Flag_Cad, flag_true);
-}
-
-TEST_F(Picture_Commands, Behind_Another_Window_It_Asks_When_It_Is_Chosen) {
-  user_.answers = {QMessageBox::Yes};
-  show_cad();
-  show_graphic();
-  user_.answers = {QMessageBox::Yes};
-  open(mine("mine-a.abk"));
-  ASSERT_EQ(db().Flag_Cad, 0);
-  EXPECT_FALSE(user_.saw("Gnerate rough CAD data from graphic picture (Yes)"));
-  user_.answers = {QMessageBox::No};
-  show_cad();
-  EXPECT_TRUE(user_.saw("Gnerate rough CAD data from graphic picture (Yes)"));
-  const std::size_t boxes = user_.boxes.size();
-  show_graphic();
-  show_cad();
-  EXPECT_EQ(user_.boxes.size(), boxes);  // once for a mine
 }
 
 TEST_F(Picture_Commands, A_Drawing_By_Mouse_Goes_On_After_Its_Window_Was_Closed) {
@@ -540,6 +536,192 @@ TEST_F(Picture_Commands, The_Whole_Screen_Shows_The_Picture_Until_A_Key) {
   });
   give("mnuGraphComMax");
   EXPECT_TRUE(user_.dialogs.empty());
+}
+
+TEST_F(Picture_Commands, The_Colour_Index_Opens_Only_With_Temperatures) {
+  show_graphic();
+  EXPECT_FALSE(action("mnuGraphComTemp")->isEnabled());
+  db().Flag_Results = flag_true;
+  give_index("mnuGraphDim", 3);
+  EXPECT_TRUE(action("mnuGraphComTemp")->isEnabled());
+  give("mnuGraphComTemp");
+  EXPECT_TRUE(user_.dialogs_seen.empty() || user_.dialogs_seen.back() != "DlgIndex");
+  EXPECT_TRUE(status("stbRemark").contains("no temperatures"));
+  db().Flag_Annual = 1;
+  give("mnuGraphComTemp");
+  EXPECT_EQ(user_.dialogs_seen.back(), "DlgIndex");
+}
+
+TEST_F(Picture_Commands, The_Colour_Index_Stays_Until_The_Window_Begins_Anew) {
+  db().Flag_Results = flag_true;
+  db().Flag_Annual = 1;
+  show_graphic();
+  bool before = true;
+  const auto toggle = [&before](const char* end) {
+    return [&before, end](QDialog& dialog) {
+      auto* const box = dialog.findChild<QCheckBox*>("chkIndex");
+      before = box->isChecked();
+      box->toggle();
+      dialog.findChild<QPushButton*>(end)->click();
+    };
+  };
+  user_.dialogs = {toggle("cmdOK"), toggle("cmdCancel"), toggle("cmdOK")};
+  give("mnuGraphComTemp");
+  EXPECT_FALSE(before);
+  EXPECT_EQ(graphic()->graphic().GType, "display");
+  give("mnuGraphComTemp");
+  EXPECT_TRUE(before);
+  EXPECT_EQ(graphic()->graphic().GType, "display");
+  give("mnuGraphComTemp");
+  EXPECT_EQ(graphic()->graphic().GType, "none");
+  graphic()->graphic().GType = "display";
+  graphic()->load();
+  EXPECT_EQ(graphic()->graphic().GType, "none");
+}
+
+TEST_F(Picture_Commands, Keys_Belong_To_The_Window_On_Top) {
+  show_graphic();
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  give_index("mnuWinSelCom", 1);
+  const auto press = [this](Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, held);
+    QCoreApplication::processEvents();
+  };
+  press(Qt::Key_Plus, Qt::ControlModifier);
+  press(Qt::Key_Equal, Qt::ControlModifier);
+  press(Qt::Key_F11);
+  EXPECT_EQ(graphic()->mode(), "none");
+  EXPECT_EQ(cad()->mode(), "none");
+  EXPECT_TRUE(std::ranges::find(user_.dialogs_seen, QString("DlgMax")) == user_.dialogs_seen.end());
+  for (const int index : {2, 3}) {
+    press(index == 2 ? Qt::Key_3 : Qt::Key_4, Qt::ControlModifier);
+    Picture_Window* const top = index == 2 ? static_cast<Picture_Window*>(graphic()) : cad();
+    const Picture_Window* const other =
+        index == 2 ? static_cast<Picture_Window*>(cad()) : graphic();
+    EXPECT_EQ(QApplication::focusWidget(), top->findChild<QWidget*>("picDraw"));
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(top->mode(), "zoom");
+    EXPECT_EQ(other->mode(), "none");
+    press(Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(top->mode(), "none");
+    EXPECT_EQ(top->shown(), View_Rectangle{});
+    press(Qt::Key_Plus);
+    EXPECT_GT(top->shown().Zoom, 1);
+    EXPECT_EQ(other->shown(), View_Rectangle{});
+    press(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(top->shown(), View_Rectangle{});
+    user_.dialogs_seen.clear();
+    press(Qt::Key_F11);
+    EXPECT_EQ(user_.dialogs_seen, std::vector<QString>{"DlgMax"});
+    EXPECT_EQ(QApplication::focusWidget(), top->findChild<QWidget*>("picDraw"));
+    Picture_Hand(*top).key(Qt::Key_Home);
+    give(index == 2 ? "mnuGraphComArea" : "mnuCADComArea");
+    Picture_Hand(*top).drag({0.2, 0.2}, {0.4, 0.4});
+    press(Qt::Key_F5);
+    const Area& selected = index == 2 ? graphic()->graphic().Selected : cad()->cad().Selected;
+    EXPECT_TRUE(selected.whole());
+    press(Qt::Key_Escape);
+  }
+}
+
+TEST_F(Picture_Commands, The_Keyboard_Comes_Back_To_The_Picture_After_A_Dialog) {
+  show_graphic();
+  for (const char* const command : {"mnuGraphComLvl", "mnuGraphComPara", "mnuGraphComColor"}) {
+    give(command);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::focusWidget(), graphic()->findChild<QWidget*>("picDraw")) << command;
+  }
+}
+
+TEST_F(Picture_Commands, The_Menu_Key_Opens_The_Menu_Over_The_Picture) {
+  show_graphic();
+  graphic()->show_area({0, 0, 0.1F, 0.1F});  // the middle of the whole is far out of sight
+  QPoint at;
+  QObject::connect(graphic(), &Picture_Window::menu_wanted, graphic(),
+                   [&at](const QPoint& place) { at = place; });
+  QWidget* const draw = graphic()->findChild<QWidget*>("picDraw");
+  const QPoint middle = draw->rect().center();
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, middle, draw->mapToGlobal(middle));
+  QCoreApplication::sendEvent(draw, &event);
+  QMenu* const menu = control<QMenu>("mnuGraphcom");
+  EXPECT_TRUE(menu->isVisible());
+  menu->hide();
+  const auto* const frame = graphic()->findChild<QWidget*>("picShade");
+  EXPECT_TRUE(frame->rect().contains(frame->mapFromGlobal(at)));
+}
+
+TEST_F(Picture_Commands, A_Pasted_Picture_Leaves_With_Its_Mine) {
+  QImage stamp(40, 20, QImage::Format_RGB32);
+  stamp.fill(Qt::magenta);
+  show_graphic();
+  const QImage plain = graphic()->shown_picture(1);
+  QGuiApplication::clipboard()->setImage(stamp);
+  give("mnuEditComPaste");
+  Picture_Hand(*graphic()).click({0.5, 0.5});
+  EXPECT_NE(graphic()->shown_picture(1), plain);
+  open(mine("mine-a.abk"));
+  EXPECT_EQ(graphic()->shown_picture(1), plain);
+}
+
+TEST_F(Picture_Commands, The_File_Dialog_Offers_Bitmaps_First) {
+  show_graphic();
+  const auto look = [](const QString& first) {
+    return [first](QDialog& dialog) {
+      auto& files = dynamic_cast<QFileDialog&>(dialog);
+      EXPECT_EQ(files.windowTitle(), "'Save Picture...'");
+      EXPECT_EQ(files.nameFilters().first(), first);
+      EXPECT_EQ(files.selectedNameFilter(), first);
+      EXPECT_EQ(files.defaultSuffix(), "bmp");
+      files.reject();
+    };
+  };
+  user_.dialogs.push_back(look("BitMap Data (*.bmp)"));
+  give("mnuGraphComSave");
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  user_.dialogs.push_back(look("BitMap Files (*.bmp)"));
+  give("mnuCADComSave");
+  EXPECT_TRUE(user_.dialogs.empty());
+}
+
+TEST_F(Picture_Commands, Choosing_A_Picture_Again_Draws_It_Anew) {
+  show_graphic();
+  give("mnuGraphComAttach");
+  graphic()->show_area({0.3F, 0.3F, 0.7F, 0.7F});
+  const auto seen = [this] { return graphic()->findChild<QWidget*>("picShade")->grab().toImage(); };
+  const QImage before = seen();
+  give_index("mnuGraphNode_Info", 1);
+  give_index("mnuGraphNode_Info", 0);
+  EXPECT_NE(seen(), before);
+  show_graphic();
+  EXPECT_EQ(seen(), before);
+}
+
+TEST_F(Picture_Commands, After_A_Failure_The_Check_Marks_Tell_What_Holds) {
+  show_graphic();
+  (void)graphic()->grab();
+  db().Node_Junc(1, 1) = 9999;
+  give_index("mnuGraphNode_Info", 1);
+  EXPECT_TRUE(user_.saw("Graphic Node_Info menu"));
+  int marked = 0;
+  for (int i = 0; i <= 3; ++i) {
+    const bool on = static_cast<int>(graphic()->graphic().Graph_NodeInfo) == i;
+    EXPECT_EQ(checked("mnuGraphNode_Info" + QString::number(i)), on) << i;
+    marked += on ? 1 : 0;
+  }
+  EXPECT_EQ(marked, 1);
+}
+
+TEST_F(Picture_Commands, Tools_Tell_Their_Keys) {
+  EXPECT_EQ(tool("zoomin")->toolTip(), "Enlarge a part of the picture (Ctrl++)");
+  EXPECT_EQ(tool("zoomout")->toolTip(), "Show the whole picture (Ctrl+-)");
+  EXPECT_EQ(tool("refresh")->toolTip(), "Show the window on top anew (F5)");
+  for (const QToolButton* const button :
+       control<QToolBar>("tlbBRANOK")->findChildren<QToolButton*>()) {
+    if (button->defaultAction() == nullptr) continue;
+    EXPECT_EQ(button->accessibleName(), button->toolTip());
+  }
 }
 
 TEST_F(Picture_Commands, Closing_The_Window_Takes_Its_Menu_Along) {

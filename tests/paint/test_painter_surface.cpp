@@ -292,5 +292,30 @@ TEST(Painter_Surface, The_Same_Lists_Are_The_Same_Picture) {
   }
 }
 
+// Nothing that reaches into the clipping is left out.
+TEST(Painter_Surface, A_Clipped_Picture_Is_A_Part_Of_The_Whole_One) {
+  const auto painted = [](bool clipped) {
+    QImage image(400, 400, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    if (clipped) painter.setClipRect(QRectF(150, 150, 100, 100));
+    Painter_Surface surface(painter, QRectF(0, 0, 400, 400));
+    for (int k = 0; k < 400; ++k) {
+      const double x = (k % 20) / 19.0;
+      const double y = (k / 20) / 19.0;
+      surface.PSet({x, y}, RGB(255, 255, 255), 1 + k % 9);
+      surface.Line({y, 1 - x}, RGB(0, 255, 0), 1 + k % 9);
+      surface.Line({1 - x, y}, RGB(0, 255, 0), 1 + k % 9);
+      surface.Circle({y, x}, 0.002 * (k % 70), RGB(0, 0, 255), 1 + k % 4);
+      const Text_Cell cell{{x, y}, 1 + k % 12, 97 * (k % 36)};
+      surface.Text(cell, RGB(255, 0, 0), k % 2 == 0 ? "Wg 12" : "\u00C4\u20AC");
+    }
+    surface.finish();
+    painter.end();
+    return image.copy(150, 150, 100, 100);
+  };
+  EXPECT_EQ(painted(true), painted(false));
+}
+
 }  // namespace
 }  // namespace branok
