@@ -118,6 +118,17 @@ Primitive_Lists Cad_Moved_Node(const Database& db, const Cad& cad, int node, Poi
 /// coordinates stay. Returns Cad_Build's fault.
 std::string Cad_Move_Node(Database& db, Cad& cad, int node, Point to);
 
+/// Gives a place to the nodes up to `last` that have come into the network since Node_JuncCount was
+/// `before`: near their neighbours, where the picture has room, instead of all in its corner. A
+/// node that was there earlier keeps its place when that is its own and within the square; the
+/// others do not move.
+void Cad_Place_New_Nodes(Database& db, const Node_Table<std::int16_t>& before,
+                         int last = max_nodes);
+
+/// Ends a drawing by mouse whose last nodes have left the network: the picture is complete. Returns
+/// whether it is now.
+bool Cad_Complete(Database& db, const Cad& cad);
+
 /// Asks which node leaves the network, and whether it is to. 0 when the answer is no number of a
 /// node, or no.
 int Ask_Deleted_Node(const Database& db, Dialogue& dialogue);

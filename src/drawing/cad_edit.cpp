@@ -135,6 +135,13 @@ int Cad_Place_Node(Database& db, Cad& cad, Point at) {
   return connected ? node : 0;
 }
 
+bool Cad_Complete(Database& db, const Cad& cad) {
+  const bool all = db.Node_Total > 0 && cad.Cad_InputNode >= db.Node_Total;
+  if (db.Flag_Cad != 0 || !all) return false;
+  db.Flag_Cad = flag_true;
+  return true;
+}
+
 void Cad_Node_Parts(const Database& db, Cad& cad, int node, std::string_view word) {
   Cad_Node(db, cad, node, word);
   For_Each_Airway(db, node,

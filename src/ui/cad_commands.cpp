@@ -17,16 +17,20 @@ MDICad& BRANOK60::cad_window() {
   if (cad_ != nullptr) return *cad_;
   cad_ = new MDICad(project_.db, area_);
   connect_picture(*cad_, "mnuCADCom");
-  connect(cad_, &MDICad::edited, this, [this] { drawing_edited_ = true; });
+  connect(cad_, &MDICad::edited, this, [this] {
+    drawing_edited_ = true;
+    placed_nodes_ = project_.db.Flag_Cad != 0 ? 0 : cad_->cad().Cad_InputNode;
+  });
   add_picture(cad_, "window-cad");
   cad_->load();
+  cad_->resume(placed_nodes_);
   offer_cad();
   return *cad_;
 }
 
 void BRANOK60::offer_cad() {
   if (project_.db.Flag_Cad != 0) return;
-  const Cad_Source source = graphic_ != nullptr ? Cad_Source::graphic : Cad_Source::survey;
+  const Cad_Source source = graphic_seen_ ? Cad_Source::graphic : Cad_Source::survey;
   const bool graphic = source == Cad_Source::graphic;
   if (dialogue_.show(messages::Ask_Cad_Source(graphic)) == Answer::yes) generate_cad(source);
 }
@@ -44,15 +48,27 @@ bool BRANOK60::generate_cad(Cad_Source source) {
       throw Not_Kept();
     }
   };
+  // The mine may have changed since its picture was seen and closed: the plan as it is now.
+  if (Graphic plan; source == Cad_Source::graphic && graphic_ == nullptr) {
+    (void)Graph_Range(db, plan);
+    (void)Graph_Project(db, plan);
+  }
   Cad passing;
   try {
     if (!Cad_Generate(db, passing, source, dialogue_, keep_old)) return false;
   } catch (const Not_Kept&) {
     return false;
   }
+  placed_nodes_ = 0;
   if (cad_ != nullptr) cad_->load();
   drawing_edited();
   return true;
+}
+
+// Nodes that a check has brought in lie where they are seen, in a drawing that there is or grows.
+void BRANOK60::place_new_nodes(const Node_Table<std::int16_t>& before) {
+  Database& db = project_.db;
+  Cad_Place_New_Nodes(db, before, db.Flag_Cad != 0 ? max_nodes : placed_nodes_);
 }
 
 void BRANOK60::show_cad_state() {

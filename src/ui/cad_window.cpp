@@ -1,5 +1,7 @@
 #include "ui/cad_window.h"
 
+#include <algorithm>
+
 #include "drawing/paint.h"
 #include "paint/painter_surface.h"
 
@@ -17,6 +19,17 @@ void MDICad::load() {
   set_view(side());
   rebuild();
   view_changed();
+}
+
+void MDICad::data_changed() {
+  if (Cad_Complete(db_, cad_)) emit edited();
+  rebuild();
+}
+
+void MDICad::resume(int placed) {
+  cad_.Cad_InputNode = std::min<int>(placed, db_.Node_Total);
+  rebuild();
+  show_cursor();
 }
 
 void MDICad::paint(Surface& surface) const {

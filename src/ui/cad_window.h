@@ -16,6 +16,11 @@ class MDICad : public Picture_Window {
   /// each click places the next node.
   void load();
 
+  /// The mine has changed. A drawing by mouse that only wanted nodes which have left is complete.
+  void data_changed();
+  /// Goes on with a drawing by mouse that was left after this node.
+  void resume(int placed);
+
   [[nodiscard]] Cad& cad() { return cad_; }
 
   void zoom_out();
@@ -25,7 +30,7 @@ class MDICad : public Picture_Window {
   void show_info(Airway_Info info);
 
  signals:
-  /// A node has been placed or moved.
+  /// A node has been placed or moved, or the drawing has become complete.
   void edited();
 
  protected:
@@ -47,6 +52,7 @@ class MDICad : public Picture_Window {
   void paint_over(Surface& surface) const override;
   [[nodiscard]] QString notice() const override;
   [[nodiscard]] QCursor own_cursor() const override;
+  [[nodiscard]] bool takes_every_click() const override { return places_nodes(); }
 
  private:
   void place_node(Point at);

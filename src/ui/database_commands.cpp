@@ -143,7 +143,7 @@ void BRANOK60::show_unchecked() {
 bool BRANOK60::has_unsaved_edits() const {
   const bool head_changed =
       Trim(project_.db.Mine_Name) != saved_name_ || Trim(project_.db.Mine_Date) != saved_date_;
-  return head_changed || check_ran_ || drawing_edited_ ||
+  return head_changed || check_ran_ || drawing_edited_ || placed_nodes_ > 0 ||
          !Unchecked_Folders(project_.db, edit_).empty();
 }
 
@@ -161,12 +161,15 @@ void BRANOK60::Data_Check(int) {
   if (data_ != nullptr) data_->finish_typing();
   Check_Result result;
   check_ran_ = true;  // one that stops has taken in the folders before
+  const Node_Table<std::int16_t> before = project_.db.Node_JuncCount;
   try {
     result = Check_Data(project_.db, edit_, dialogue_);
   } catch (...) {
+    place_new_nodes(before);
     edit_done();
     throw;
   }
+  place_new_nodes(before);
   if (result.passed) history_.start(edit_);
   edit_done();
   if (analysis_ != nullptr) Analysis_Display(0);

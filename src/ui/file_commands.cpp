@@ -118,9 +118,14 @@ void BRANOK60::save(Save_Command command) {
   if (!Save_Project(project_, file, folders_, settings_, dialogue_, command)) return;
   take_file();
   take_saved_head();
-  const bool all = Unchecked_Folders(project_.db, edit_).empty();
-  dialogue_.remark((all ? "Saved " : "Saved without the unchecked edits (F9 takes them in): ") +
-                   project_.file.string());
+  std::string remark = "Saved ";
+  if (!Unchecked_Folders(project_.db, edit_).empty()) {
+    remark = "Saved without the unchecked edits (F9 takes them in): ";
+  } else if (placed_nodes_ > 0) {
+    remark = "Saved without the drawing, of which " + std::to_string(placed_nodes_) + " of " +
+             std::to_string(project_.db.Node_Total) + " nodes are placed: ";
+  }
+  dialogue_.remark(remark + project_.file.string());
   rebuild_recent_menu();
   refresh_status();
 }

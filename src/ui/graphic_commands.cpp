@@ -23,6 +23,7 @@ MDIGraph& BRANOK60::graphic_window() {
   connect_picture(*graphic_, "mnuGraphcom");
   add_picture(graphic_, "window-graphic");
   graphic_->load();
+  graphic_seen_ = true;
   return *graphic_;
 }
 

@@ -259,6 +259,7 @@ class BRANOK60 : public QMainWindow {
   void show_picture_tools(const std::string& mode, bool marks);
   bool generate_cad(Cad_Source source);
   void offer_cad();
+  void place_new_nodes(const Node_Table<std::int16_t>& before);
   void save_picture(Picture_Window& window, const std::filesystem::path& file);
   void drawing_edited();
 
@@ -267,6 +268,8 @@ class BRANOK60 : public QMainWindow {
   Edit_History history_;                 // of the edit copy
   bool check_ran_ = false;               // since the last load or save
   bool drawing_edited_ = false;          // likewise, of what the pictures store in the mine
+  int placed_nodes_ = 0;                 // of a drawing by mouse that is not complete: in no file
+  bool graphic_seen_ = false;            // the Graphic window has shown this mine
   std::string saved_name_, saved_date_;  // of the mine, as its file has them
   Settings settings_;
   Program_Folders folders_;

@@ -60,11 +60,13 @@ Picture_Window* BRANOK60::picture_on_top() const {
 // Pictures follow the mine. Those out of sight wait until they are seen.
 void BRANOK60::refresh_pictures() {
   if (graphic_ != nullptr) graphic_->data_changed();
-  if (cad_ != nullptr) cad_->rebuild();
+  if (cad_ != nullptr) cad_->data_changed();
 }
 
 // After a load: each picture begins anew.
 void BRANOK60::load_pictures() {
+  placed_nodes_ = 0;
+  graphic_seen_ = graphic_ != nullptr;
   if (graphic_ != nullptr) graphic_->load();
   if (cad_ != nullptr) cad_->load();
 }

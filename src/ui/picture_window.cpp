@@ -425,7 +425,8 @@ bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
     }
     case QEvent::MouseButtonDblClick: {
       const auto& mouse = *static_cast<QMouseEvent*>(event);
-      if (mouse.button() == Qt::LeftButton && mode_ == "none" && drag_ == Drag::none) {
+      if (mouse.button() == Qt::LeftButton && mode_ == "none" && drag_ == Drag::none &&
+          !takes_every_click()) {
         pick_at(frame_place(mouse.position()));
       } else {
         mouse_pressed(mouse, frame_place(mouse.position()));

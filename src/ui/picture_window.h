@@ -109,6 +109,8 @@ class Picture_Window : public QWidget {
   virtual void drag(Point to) { (void)to; }
   virtual void release(Point at) { (void)at; }
   virtual void cancel_drag() {}
+  /// Whether in the mode "none" each press counts, also the second of a double click.
+  [[nodiscard]] virtual bool takes_every_click() const { return false; }
   /// Paints over the picture what a drag shows for the moment.
   virtual void paint_over(Surface& surface) const { (void)surface; }
   /// Another mine: nothing of the one before stays over its picture.

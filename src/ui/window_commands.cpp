@@ -49,7 +49,7 @@ void BRANOK60::Window_Select(int index) {
   }
   if (index == cad) {
     bring_up(cad_window());
-    return cad_->rebuild();
+    return cad_->data_changed();
   }
   const bool was_open = analysis_ != nullptr;
   bring_up(analysis_window());

@@ -203,6 +203,47 @@ TEST_F(Cad_Window, A_New_Drawing_Takes_A_Click_For_Each_Node) {
   EXPECT_EQ(db, drawn);
 }
 
+TEST_F(Cad_Window, Two_Quick_Clicks_Place_Two_Nodes) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  open(std::move(bare));
+  QSignalSpy picked(window.get(), &Picture_Window::picked);
+  hand().click({0.3, 0.3});
+  hand().double_click({0.304, 0.3});  // how a second click at once arrives
+  EXPECT_EQ(window->cad().Cad_InputNode, 2);
+  EXPECT_TRUE(picked.empty());
+}
+
+TEST_F(Cad_Window, A_Drawing_That_Only_Wanted_A_Node_Which_Left_Is_Complete) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  open(std::move(bare));
+  const int nodes = db.Node_Total;
+  for (int i = 1; i < nodes; ++i) hand().click({0.02 * i, 0.5});
+  ASSERT_EQ(db.Flag_Cad, 0);
+  QSignalSpy edited(window.get(), &MDICad::edited);
+  Delete_Node(db, nodes);
+  window->data_changed();
+  EXPECT_EQ(db.Flag_Cad, flag_true);
+  EXPECT_EQ(edited.size(), 1);
+}
+
+TEST_F(Cad_Window, The_Menu_Waits_For_The_End_Of_A_Drag) {
+  QSignalSpy menu(window.get(), &Picture_Window::menu_wanted);
+  const auto ask_menu = [&] {
+    const QPoint at = hand().place({0.5, 0.5});
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, hand().draw()->mapToGlobal(at));
+    QCoreApplication::sendEvent(hand().draw(), &event);
+  };
+  window->toggle_mode("move");
+  hand().press(node(4));
+  ask_menu();
+  EXPECT_TRUE(menu.empty());
+  hand().release(node(4));
+  ask_menu();
+  EXPECT_EQ(menu.size(), 1);
+}
+
 TEST_F(Cad_Window, Clicks_At_The_Edge_Are_Taken_Inside) {
   Database bare = Demo_Mine();
   bare.Flag_Cad = 0;

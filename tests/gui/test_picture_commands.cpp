@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QInputDialog>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QXmlStreamReader>
 #include <algorithm>
 
@@ -13,6 +14,7 @@
 #include "main_window_test.h"
 #include "picture_hand.h"
 #include "ui/cad_window.h"
+#include "ui/edit_grid.h"
 #include "ui/graphic_window.h"
 #include "ui/status_bar.h"
 
@@ -242,6 +244,120 @@ TEST_F(Picture_Commands, No_Leaves_The_Window_To_The_Mouse) {
   EXPECT_EQ(db().Flag_Cad, 0);
   Picture_Hand(*cad()).click({0.3, 0.3});
   EXPECT_EQ(cad()->cad().Cad_InputNode, 1);
+}
+
+TEST_F(Picture_Commands, A_Graphic_Picture_That_Was_Seen_And_Closed_Is_The_Source) {
+  show_graphic();
+  control<QMdiArea>("area")->closeActiveSubWindow();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_EQ(graphic(), nullptr);
+  db().Node_EW[3] += 500;  // since it was seen
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  EXPECT_TRUE(user_.boxes[0].text.startsWith("Gnerate rough CAD data from graphic picture (Yes)"));
+  Graphic plan;
+  Database expected = db();
+  ASSERT_EQ(Graph_Range(expected, plan), "");
+  ASSERT_EQ(Graph_Project(expected, plan), "");
+  expected.Node_CadX = expected.Node_GraphX;
+  expected.Node_CadY = expected.Node_GraphY;
+  Cad_Normalize(expected);
+  EXPECT_EQ(db().Node_CadX[3], expected.Node_CadX[3]);
+}
+
+TEST_F(Picture_Commands, The_Picture_Of_Another_Mine_Is_No_Source) {
+  show_graphic();
+  control<QMdiArea>("area")->closeActiveSubWindow();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  open(mine("mine-c.abk"));
+  db().Flag_Cad = 0;
+  user_.boxes.clear();
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  EXPECT_TRUE(user_.boxes.at(0).text.startsWith("Gnerate rough CAD data from E-W,N-S data (Yes)"));
+}
+
+TEST_F(Picture_Commands, Another_Mine_Without_A_Drawing_Asks_In_The_Open_Cad_Window) {
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  user_.boxes.clear();
+  user_.answers = {QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
+  open(mine("mine-a.abk"));
+  EXPECT_TRUE(user_.saw("Drawing CAD with mouse pointing for each node (No)"));
+  EXPECT_EQ(db().Flag_Cad, flag_true);
+}
+
+TEST_F(Picture_Commands, A_Drawing_By_Mouse_Goes_On_After_Its_Window_Was_Closed) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  for (const double x : {0.2, 0.4, 0.6}) Picture_Hand(*cad()).click({x, 0.3});
+  const float x = db().Node_CadX[2];
+  control<QMdiArea>("area")->closeActiveSubWindow();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_EQ(cad(), nullptr);
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 3);
+  EXPECT_EQ(db().Node_CadX[2], x);
+  Picture_Hand(*cad()).click({0.8, 0.3});
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 4);
+  user_.answers = {QMessageBox::Yes, QMessageBox::No};
+  open(mine("mine-a.abk"));
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 0);  // another mine begins anew
+}
+
+TEST_F(Picture_Commands, A_Smaller_Mine_Does_Not_Take_The_Clicks_Of_The_One_Before) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  for (int i = 1; i <= 8; ++i) Picture_Hand(*cad()).click({0.1 * i, 0.3});
+  Database small;
+  New_Database(small, "2024/05/06");
+  std::ofstream(home_ / "small.abk", std::ios::binary) << Ver6_Text(small, Comment_Template());
+  user_.answers = {QMessageBox::Yes, QMessageBox::No};
+  open(home_ / "small.abk");
+  ASSERT_EQ(db().Node_Total, 5);
+  EXPECT_EQ(db().Flag_Cad, 0);
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 0);
+}
+
+TEST_F(Picture_Commands, A_Save_Tells_That_A_Drawing_By_Mouse_Is_Not_In_The_File) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  Picture_Hand(*cad()).click({0.2, 0.3});
+  user_.answers = {QMessageBox::No};
+  give("mnuFileComSave");
+  EXPECT_TRUE(status("stbRemark").startsWith("Saved without the drawing, of which 1 of "))
+      << status("stbRemark").toStdString();
+  user_.boxes.clear();
+  user_.answers = {QMessageBox::No};
+  give("mnuFileComNew");
+  EXPECT_TRUE(user_.saw("Do you really want to leave the present mine?"));
+  EXPECT_NE(cad(), nullptr);
+}
+
+TEST_F(Picture_Commands, A_Node_That_A_Check_Brings_In_Is_Seen_In_The_Drawing) {
+  give("mnuFileComNew");
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  give("mnuWinSelCom0");
+  control<QTabWidget>("tabData")->setCurrentIndex(1);
+  auto* const grid = control<Edit_Grid>("grdRoot");
+  grid->setFocus();
+  grid->setCurrentIndex(grid->model()->index(4, 0));
+  QTest::keyClick(grid, Qt::Key_3);
+  QTest::keyClicks(grid->editor(), " - 7");
+  QTest::keyClick(grid->editor(), Qt::Key_Return);
+  const Node_Table<float> x = db().Node_CadX;
+  give("mnuDataComCheck");
+  ASSERT_EQ(db().Node_JuncCount[7], 1);
+  for (int i = 1; i <= 5; ++i) EXPECT_EQ(db().Node_CadX[i], x[i]);
+  EXPECT_GE(db().Node_CadX[7], 0.015F);
+  EXPECT_GE(db().Node_CadY[7], 0.015F);
+  show_cad();
+  give("mnuCADComMove");
+  Picture_Hand(*cad()).drag({db().Node_CadX[7], db().Node_CadY[7]}, {0.3, 0.8});
+  EXPECT_NEAR(db().Node_CadX[7], 0.3, 0.002);
+  EXPECT_NEAR(db().Node_CadY[7], 0.8, 0.002);
 }
 
 TEST_F(Picture_Commands, A_Second_Drawing_Asks_And_Keeps_The_First_Beside_The_Mine) {
