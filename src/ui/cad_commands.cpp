@@ -20,6 +20,7 @@ MDICad& BRANOK60::cad_window() {
   connect(cad_, &MDICad::edited, this, [this] {
     drawing_edited_ = true;
     placed_nodes_ = project_.db.Flag_Cad != 0 ? 0 : cad_->cad().Cad_InputNode;
+    show_command_state();
   });
   add_picture(cad_, "window-cad");
   cad_->load();
@@ -69,6 +70,7 @@ bool BRANOK60::generate_cad(Cad_Source source) {
 void BRANOK60::place_new_nodes(const Node_Table<std::int16_t>& before) {
   Database& db = project_.db;
   Cad_Place_New_Nodes(db, before, db.Flag_Cad != 0 ? max_nodes : placed_nodes_);
+  if (cad_ != nullptr) cad_->forget_steps();
 }
 
 void BRANOK60::show_cad_state() {
@@ -82,6 +84,8 @@ void BRANOK60::show_cad_state() {
   action("mnuCADComArea")->setChecked(cad_->mode() == "area");
   action("mnuCADComView")->setChecked(cad_->mode() == "view");
   action("mnuCADComMove")->setChecked(cad_->mode() == "move");
+  enable("mnuEditComUndo", cad_->can_undo());
+  enable("mnuEditComRedo", cad_->can_redo());
 }
 
 void BRANOK60::CAD_Clear(int) { cad_window().redraw(); }
@@ -121,6 +125,7 @@ void BRANOK60::CAD_Del(int) {
   const int node = Ask_Deleted_Node(db, dialogue_);
   if (node == 0) return;
   Delete_Node(db, node);
+  if (cad_ != nullptr) cad_->forget_steps();
   drawing_edited();
   data_edited();
   dialogue_.remark("Node " + std::to_string(node) +
@@ -133,6 +138,7 @@ void BRANOK60::CAD_Frm(int) {
   if (dialog.exec() != QDialog::Accepted) return;
   Edit_Frame(project_.db, dialog.space());
   drawing_edited();
+  cad_window().note_edit();
 }
 
 }  // namespace branok

@@ -16,6 +16,7 @@ void MDICad::load() {
   cad_ = Cad();
   start_anew();
   if (db_.Flag_Cad != 0) Cad_Normalize(db_);
+  forget_steps();
   set_view(side());
   rebuild();
   view_changed();
@@ -28,6 +29,7 @@ void MDICad::data_changed() {
 
 void MDICad::resume(int placed) {
   cad_.Cad_InputNode = std::min<int>(placed, db_.Node_Total);
+  forget_steps();
   rebuild();
   show_cursor();
 }
@@ -90,7 +92,7 @@ void MDICad::place_node(Point at) {
     paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });
   }
   show_cursor();
-  emit edited();
+  note_edit();
 }
 
 // --- Moving a node: it leaves the picture and follows the pointer.
@@ -117,13 +119,34 @@ void MDICad::release(Point at) {
   const int node = cad_.Cad_MoveNode;
   cancel_drag();
   (void)Cad_Move_Node(db_, cad_, node, at);
-  emit edited();
+  note_edit();
 }
 
 void MDICad::cancel_drag() {
   cad_.Cad_MoveNode = 0;
   moved_.clear();
   rebuild();
+}
+
+// --- Undo
+
+void MDICad::note_edit() {
+  history_.note(db_, cad_);
+  emit edited();
+}
+
+void MDICad::forget_steps() { history_.start(db_, cad_); }
+
+void MDICad::undo() { move_in_history(&Cad_History::undo); }
+
+void MDICad::redo() { move_in_history(&Cad_History::redo); }
+
+void MDICad::move_in_history(void (Cad_History::*way)(Database&, Cad&)) {
+  if (cad_.Cad_MoveNode != 0) return;
+  (history_.*way)(db_, cad_);
+  rebuild();
+  show_cursor();
+  emit edited();
 }
 
 void MDICad::paint_over(Surface& surface) const { Paint_Lists(moved_, surface); }

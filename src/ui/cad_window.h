@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/cad.h"
+#include "drawing/cad_history.h"
 #include "ui/picture_window.h"
 
 namespace branok {
@@ -22,6 +23,18 @@ class MDICad : public Picture_Window {
   void resume(int placed);
 
   [[nodiscard]] Cad& cad() { return cad_; }
+
+  // --- Undo of what was placed, moved and framed
+
+  /// The drawing has been changed by a command: one step.
+  void note_edit();
+  /// Nodes have left the network or come into it: what was before cannot be taken back.
+  void forget_steps();
+  [[nodiscard]] bool can_undo() const { return history_.can_undo(); }
+  [[nodiscard]] bool can_redo() const { return history_.can_redo(); }
+  /// Nothing happens while a node is dragged.
+  void undo();
+  void redo();
 
   void zoom_out();
   void attach_marks(bool on);
@@ -57,9 +70,11 @@ class MDICad : public Picture_Window {
  private:
   void place_node(Point at);
   [[nodiscard]] bool places_nodes() const;
+  void move_in_history(void (Cad_History::*way)(Database&, Cad&));
 
   Database& db_;
   Cad cad_;
+  Cad_History history_;
   Primitive_Lists moved_;      // the node that is being moved, as it lies now
   bool without_info_ = false;  // for the moment between two kinds of labels
 };

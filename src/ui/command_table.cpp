@@ -64,7 +64,7 @@ constexpr Menu_Entry file_menu[] = {
 };
 
 constexpr Menu_Entry edit_menu[] = {
-  Do("mnuEditComUndo",     "&Undo",            "Take the last edit of the grids back", "undo",  "Ctrl+Z", &W::Edit_Undo, "Undo command"),
+  Do("mnuEditComUndo",     "&Undo",            "Take the last edit back", "undo",  "Ctrl+Z", &W::Edit_Undo, "Undo command"),
   Do("mnuEditComRedo",     "&Redo",            "Do the edit again that was taken back", "redo", "Ctrl+Shift+Z", &W::Edit_Redo, "Redo command"),
   Line("mnuSepereterUndo"),
   Do("mnuEditComCut",      "Cu&t",             "Move the selection to the clipboard", "cut",   "Ctrl+X", &W::Edit_Cut, "Cut command"),

@@ -13,6 +13,7 @@
 #include "prep/check.h"
 #include "prep/edit_commands.h"
 #include "ui/analysis_window.h"
+#include "ui/cad_window.h"
 #include "ui/data_option_dialog.h"
 #include "ui/database_window.h"
 #include "ui/diagram_dialog.h"
@@ -278,12 +279,14 @@ void BRANOK60::delete_fan() {
 // --- The Edit menu. A text field that has the focus is what its commands are for.
 
 void BRANOK60::Edit_Undo(int) {
+  if (window_tag() == "cad") return cad_->undo();
   QLineEdit* const field = focused_text();
   if (field != nullptr && field->isUndoAvailable()) return field->undo();
   move_in_history(&Edit_History::undo);
 }
 
 void BRANOK60::Edit_Redo(int) {
+  if (window_tag() == "cad") return cad_->redo();
   QLineEdit* const field = focused_text();
   if (field != nullptr && field->isRedoAvailable()) return field->redo();
   move_in_history(&Edit_History::redo);

@@ -412,6 +412,49 @@ TEST_F(Picture_Commands, A_Moved_Node_Is_An_Unsaved_Edit) {
   EXPECT_NE(cad(), nullptr);
 }
 
+TEST_F(Picture_Commands, Moves_And_Frames_Are_Taken_Back) {
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  EXPECT_FALSE(action("mnuEditComUndo")->isEnabled());
+  const Node_Table<float> start = db().Node_CadX;
+  give("mnuCADComMove");
+  (void)cad()->grab();
+  Picture_Hand(*cad()).drag({db().Node_CadX[34], db().Node_CadY[34]}, {0.2, 0.2});
+  const Node_Table<float> moved = db().Node_CadX;
+  ASSERT_NE(moved, start);
+  user_.dialogs.push_back([](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>("txtValue2")->setText("30");
+    dialog.findChild<QPushButton*>("cmdOK")->click();
+  });
+  give("mnuCADComFrm");
+  ASSERT_NE(db().Node_CadX, moved);
+  QWidget* const draw = cad()->findChild<QWidget*>("picDraw");
+  draw->setFocus();
+  QTest::keyClick(draw, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(db().Node_CadX, moved);
+  give("mnuEditComUndo");
+  EXPECT_EQ(db().Node_CadX, start);
+  EXPECT_FALSE(action("mnuEditComUndo")->isEnabled());
+  give("mnuEditComRedo");
+  EXPECT_EQ(db().Node_CadX, moved);
+  EXPECT_TRUE(action("mnuEditComRedo")->isEnabled());
+  show_graphic();
+  EXPECT_FALSE(action("mnuEditComUndo")->isEnabled());
+}
+
+TEST_F(Picture_Commands, A_Deleted_Node_Cannot_Be_Moved_Back) {
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  give("mnuCADComMove");
+  (void)cad()->grab();
+  Picture_Hand(*cad()).drag({db().Node_CadX[34], db().Node_CadY[34]}, {0.2, 0.2});
+  EXPECT_TRUE(action("mnuEditComUndo")->isEnabled());
+  answer_with("34");
+  user_.answers = {QMessageBox::Ok};
+  give("mnuCADComDel");
+  EXPECT_FALSE(action("mnuEditComUndo")->isEnabled());
+}
+
 TEST_F(Picture_Commands, The_Highest_Node_Is_Deleted) {
   user_.answers = {QMessageBox::Yes};
   show_cad();
