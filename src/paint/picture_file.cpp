@@ -19,6 +19,7 @@ namespace {
 constexpr QLatin1StringView program("BRANOK");
 constexpr double page_side = 200;  // mm
 constexpr int page_resolution = 1200;
+constexpr double most_pixels = 5e8;    // of a bitmap: 2 GB
 constexpr int screen_resolution = 96;  // what viewers take a unit of an SVG drawing for
 
 // In the order of Picture_Kind.
@@ -30,8 +31,11 @@ constexpr std::array<std::string_view, 4> suffixes = {".bmp", ".png", ".svg", ".
 
 QString Title_Of(const Picture_Page& page) { return QString::fromStdString(page.title); }
 
+// Empty when there is no memory for it.
 QImage Bitmap_Of(const Picture_Page& page) {
-  QImage image((QSizeF(page.size) * page.ratio).toSize(), QImage::Format_RGB32);
+  const QSizeF pixels = QSizeF(page.size) * page.ratio;
+  if (pixels.width() * pixels.height() > most_pixels) return {};
+  QImage image(pixels.toSize(), QImage::Format_RGB32);
   if (image.isNull()) return image;
   image.setDevicePixelRatio(page.ratio);
   QPainter painter(&image);
