@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "drawing/paint.h"
+#include "drawing/trap.h"
 #include "paint/painter_surface.h"
+#include "ui/qt_text.h"
 
 namespace branok {
 
@@ -85,14 +87,15 @@ QString MDICad::notice() const {
 // Only what is new is painted, as long as the drawing grows.
 void MDICad::place_node(Point at) {
   const List_Ends before = Ends_Of(cad_.Lists);
-  Cad_Place_Node(db_, cad_, at);
-  if (db_.Flag_Cad != 0) {
+  const std::string broken = Trap([&] { Cad_Place_Node(db_, cad_, at); });
+  if (db_.Flag_Cad != 0 || !broken.empty()) {
     rebuild();
   } else {
     paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });
   }
   show_cursor();
-  note_edit();
+  note_edit();  // after a fault too: the node counts as placed
+  if (!broken.empty()) emit fault(To_Qt(broken));
 }
 
 // --- Moving a node: it leaves the picture and follows the pointer.

@@ -82,7 +82,7 @@ class Picture_Window : public QWidget {
   void picked(const branok::Pick& pick);
   /// What lies under the pointer, in words; empty for nothing.
   void hint(const QString& text);
-  /// The picture could not be built to its end.
+  /// The picture could not be built to its end, or what the mouse began could not.
   void fault(const QString& text);
   void menu_wanted(const QPoint& global);
 
@@ -135,7 +135,6 @@ class Picture_Window : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  class Canvas;
   enum class Drag { none, rubber, pan, own };
   struct Pasted {
     QImage picture;
@@ -150,12 +149,15 @@ class Picture_Window : public QWidget {
   void scrolled();
   void ensure_lists();
   void ensure_picture();
-  void paint_canvas(QPainter& painter);
+  void paint_frame();
+  void paint_canvas();
   void paint_overlays(QPainter& painter) const;
   void paint_highlight(QPainter& painter) const;
   [[nodiscard]] QRectF rect_of(const Area& area) const;
   [[nodiscard]] static QRectF rect_in(const QRectF& unit, const Area& area);
 
+  bool take_event(QObject* object, QEvent* event);
+  void frame_resized();
   void mouse_pressed(const QMouseEvent& event, const QPointF& at);
   void mouse_moved(const QMouseEvent& event, const QPointF& at);
   void mouse_released(const QMouseEvent& event, const QPointF& at);
@@ -183,7 +185,6 @@ class Picture_Window : public QWidget {
   Pick under_;          // the pointer
   std::vector<Pasted> pasted_;
   std::optional<Pasted> carried_;  // follows the pointer
-  double wheel_ = 0;               // turned, not used up yet
 };
 
 }  // namespace branok
