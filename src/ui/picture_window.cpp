@@ -331,9 +331,10 @@ QImage Picture_Window::shown_picture(double ratio) {
 QImage Picture_Window::selected_picture() {
   ensure_lists();
   const double ratio = std::max(2.0, devicePixelRatioF());
-  if (selected().whole()) return shown_picture(ratio);
-  const QRectF part = rect_of(selected());
+  const bool whole = selected().whole();
+  const QRectF part = whole ? QRectF(picShade->rect()) : rect_of(selected());
   const double scale = std::min(ratio, most_copied / std::max(part.width(), part.height()));
+  if (whole) return shown_picture(scale);
   QImage image((part.size() * scale).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
   image.setDevicePixelRatio(scale);
   QPainter painter(&image);

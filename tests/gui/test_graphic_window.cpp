@@ -503,5 +503,12 @@ TEST_F(Graphic_Window, A_Frame_Without_Room_Is_Painted_On) {
   EXPECT_FALSE(window->graphic().Graph.Info.empty());
 }
 
+TEST_F(Graphic_Window, A_Wide_Window_Is_Copied_In_A_Size_That_Others_Take) {
+  window->resize(9000, 600);
+  QCoreApplication::processEvents();
+  ASSERT_GT(window->frame_size().width(), 8000);
+  EXPECT_EQ(window->selected_picture().width(), 8000);
+}
+
 }  // namespace
 }  // namespace branok
