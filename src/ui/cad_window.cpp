@@ -36,12 +36,13 @@ void MDICad::resume(int placed) {
   show_cursor();
 }
 
-void MDICad::paint(Surface& surface) const {
-  if (without_info_) {
-    Paint_Lists(cad_.Lists, surface);
-  } else {
-    Cad_Paint(db_, cad_, surface);
-  }
+void MDICad::paint(Surface& surface, bool labels) const {
+  if (labels) return Cad_Paint(db_, cad_, surface);
+  Paint_Lists(cad_.Lists, surface);
+}
+
+void MDICad::paint_labels(Surface& surface, std::string_view word) const {
+  Cad_Info_Paint(db_, cad_, surface, word);
 }
 
 QColor MDICad::back_color() const { return Color_Of(db_.Cad_Color[color::back]); }
@@ -59,13 +60,10 @@ void MDICad::attach_marks(bool on) {
 }
 
 void MDICad::show_info(Airway_Info info) {
-  without_info_ = true;
-  repaint_picture();
-  paint_on_picture([this](Surface& surface) { Cad_Info_Paint(db_, cad_, surface, "erase"); });
-  without_info_ = false;
-  cad_.Cad_Airway_Info = info;
-  Cad_Info_Build(db_, cad_);
-  paint_on_picture([this](Surface& surface) { Cad_Info_Paint(db_, cad_, surface, "draw"); });
+  change_labels([&] {
+    cad_.Cad_Airway_Info = info;
+    Cad_Info_Build(db_, cad_);
+  });
 }
 
 // --- A new drawing by mouse

@@ -202,7 +202,7 @@ void Picture_Window::redraw() {
 void Picture_Window::paint_square(QPainter& painter, const QRectF& unit, double ratio) const {
   {
     Painter_Surface surface(painter, unit, ratio);
-    paint(surface);
+    paint(surface, labels_);
   }
   for (const Pasted& pasted : pasted_) {
     painter.drawImage(rect_in(unit, pasted.place), pasted.picture);
@@ -242,6 +242,15 @@ void Picture_Window::paint_on_picture(const std::function<void(Surface&)>& paint
   }
   picShade->update();
   picDraw->update();
+}
+
+void Picture_Window::change_labels(const std::function<void()>& build) {
+  labels_ = false;
+  repaint_picture();
+  paint_on_picture([this](Surface& surface) { paint_labels(surface, "erase"); });
+  labels_ = true;
+  build();
+  paint_on_picture([this](Surface& surface) { paint_labels(surface, "draw"); });
 }
 
 void Picture_Window::update_over() { picDraw->update(); }

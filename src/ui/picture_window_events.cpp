@@ -46,30 +46,12 @@ bool Picture_Window::take_event(QObject* object, QEvent* event) {
         paint_canvas();
       }
       return true;
-    case QEvent::MouseButtonPress: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      picDraw->setFocus(Qt::MouseFocusReason);
-      mouse_pressed(mouse, frame_place(mouse.position()));
-      return true;
-    }
-    case QEvent::MouseMove: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      mouse_moved(mouse, frame_place(mouse.position()));
-      return true;
-    }
-    case QEvent::MouseButtonRelease: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      mouse_released(mouse, frame_place(mouse.position()));
-      return true;
-    }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick: {
       const auto& mouse = *static_cast<QMouseEvent*>(event);
-      if (mouse.button() == Qt::LeftButton && mode_ == "none" && drag_ == Drag::none &&
-          !takes_every_click()) {
-        pick_at(frame_place(mouse.position()));
-      } else {
-        mouse_pressed(mouse, frame_place(mouse.position()));
-      }
+      take_mouse(mouse, frame_place(mouse.position()));
       return true;
     }
     case QEvent::Wheel: {
@@ -81,24 +63,13 @@ bool Picture_Window::take_event(QObject* object, QEvent* event) {
     case QEvent::Leave:
       if (object == picShade) end_hover();
       return false;
-    case QEvent::ContextMenu: {
-      // A menu would take the release of the button that drags: the drag is broken off instead.
-      if (drag_ != Drag::none) return cancel(), true;
-      const auto& menu = *static_cast<QContextMenuEvent*>(event);
-      // The middle of the whole picture, which the menu key stands for, may be out of sight.
-      const bool key = menu.reason() == QContextMenuEvent::Keyboard;
-      emit menu_wanted(key ? picShade->mapToGlobal(picShade->rect().center()) : menu.globalPos());
+    case QEvent::ContextMenu:
+      ask_menu(*static_cast<QContextMenuEvent*>(event));
       return true;
-    }
     case QEvent::KeyPress:
       return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));
-    case QEvent::KeyRelease: {
-      const auto& key = *static_cast<QKeyEvent*>(event);
-      if (key.key() != Qt::Key_Space || key.isAutoRepeat()) return false;
-      space_ = false;
-      show_cursor();
-      return true;
-    }
+    case QEvent::KeyRelease:
+      return key_released(*static_cast<QKeyEvent*>(event));
     case QEvent::FocusOut:
       space_ = false;
       show_cursor();
@@ -106,6 +77,30 @@ bool Picture_Window::take_event(QObject* object, QEvent* event) {
     default:
       return QWidget::eventFilter(object, event);
   }
+}
+
+void Picture_Window::take_mouse(const QMouseEvent& mouse, const QPointF& at) {
+  switch (mouse.type()) {
+    case QEvent::MouseButtonPress:
+      picDraw->setFocus(Qt::MouseFocusReason);
+      return mouse_pressed(mouse, at);
+    case QEvent::MouseMove:
+      return mouse_moved(mouse, at);
+    case QEvent::MouseButtonRelease:
+      return mouse_released(mouse, at);
+    default: {  // a double click
+      const bool free = mode_ == "none" && drag_ == Drag::none && !takes_every_click();
+      return mouse.button() == Qt::LeftButton && free ? pick_at(at) : mouse_pressed(mouse, at);
+    }
+  }
+}
+
+void Picture_Window::ask_menu(const QContextMenuEvent& menu) {
+  // A menu would take the release of the button that drags: the drag is broken off instead.
+  if (drag_ != Drag::none) return cancel();
+  // The middle of the whole picture, which the menu key stands for, may be out of sight.
+  const bool key = menu.reason() == QContextMenuEvent::Keyboard;
+  emit menu_wanted(key ? picShade->mapToGlobal(picShade->rect().center()) : menu.globalPos());
 }
 
 void Picture_Window::frame_resized() {
@@ -160,6 +155,13 @@ bool Picture_Window::key_pressed(const QKeyEvent& key) {
     default:
       return false;
   }
+}
+
+bool Picture_Window::key_released(const QKeyEvent& key) {
+  if (key.key() != Qt::Key_Space || key.isAutoRepeat()) return false;
+  space_ = false;
+  show_cursor();
+  return true;
 }
 
 void Picture_Window::mouse_pressed(const QMouseEvent& event, const QPointF& at) {
