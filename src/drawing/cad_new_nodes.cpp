@@ -43,6 +43,7 @@ New_Nodes::New_Nodes(Database& db, const Node_Table<std::int16_t>& before, int l
   for (int i = 1; i <= std::min<int>(db.Node_Total, last); ++i) {
     if (db.Node_JuncCount[i] <= 0) continue;
     const bool stays = before[i] > 0 || keeps_place(i);
+    if (stays && !Is_Position(place(i))) continue;  // nothing is near what lies nowhere
     (stays ? placed_ : waiting_).push_back(i);
   }
   measure();
