@@ -83,8 +83,12 @@ Drawing Cad_Drawing(const Database& db, const Cad& cad, const Node_Table<float>&
           .lists = lists};
 }
 
+double Mark_Base_Of(const Database& db) {
+  return std::min(0.025, 1.0 / (db.Node_Total + 16) + 0.0033);
+}
+
 void Set_Mark_Size(const Database& db, Cad& cad) {
-  cad.Cad_Mark_Base = static_cast<float>(std::min(0.025, 1.0 / (db.Node_Total + 16) + 0.0033));
+  cad.Cad_Mark_Base = static_cast<float>(Mark_Base_Of(db));
   cad.Cad_Mark_Size = cad.Cad_Mark_Base * static_cast<float>(cad.Cad_Mark_Attach);
 }
 

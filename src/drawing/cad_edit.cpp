@@ -14,11 +14,8 @@ namespace {
 
 // --- Placing and moving
 
-// A node keeps clear of the picture's edge, where it could not be seen whole.
 Point Within_Picture(Point at) {
-  constexpr double low = 0.015;
-  constexpr double high = 0.985;
-  return {std::clamp(at.x, low, high), std::clamp(at.y, low, high)};
+  return {std::clamp(at.x, node_low, node_high), std::clamp(at.y, node_low, node_high)};
 }
 
 // A fan whose air leaves at its own node is a surface fan, whatever its node was marked as.

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "core/messages.h"
-#include "drawing/cad.h"
+#include "drawing/cad_drawing.h"
 
 namespace branok {
 
@@ -11,8 +11,6 @@ namespace {
 
 // What a position, or a drawing's extent, is below.
 constexpr double beyond = 1e10;
-
-bool Is_Position(double x, double y) { return std::abs(x) < beyond && std::abs(y) < beyond; }
 
 // Intakes, surface fans and the suction nodes of underground fans; the airways by their resistance,
 // those of an assist fan by its direction.
@@ -50,6 +48,8 @@ void Empty(Cad& cad) {
 
 }  // namespace
 
+bool Is_Position(Point at) { return std::abs(at.x) < beyond && std::abs(at.y) < beyond; }
+
 bool Is_Placed(const Database& db, const Cad& cad, int node) {
   if (node == cad.Cad_MoveNode) return false;
   return db.Flag_Cad != 0 || node <= cad.Cad_InputNode;
@@ -76,18 +76,17 @@ void Cad_Normalize(Database& db) {
   Point low{beyond, beyond};
   Point high{-beyond, -beyond};
   for (int i = 1; i <= db.Node_Total; ++i) {
-    const double x = db.Node_CadX[i];
-    const double y = db.Node_CadY[i];
-    if (db.Node_JuncCount[i] <= 0 || !Is_Position(x, y)) continue;
-    low = {std::min(low.x, x), std::min(low.y, y)};
-    high = {std::max(high.x, x), std::max(high.y, y)};
+    const Point at{db.Node_CadX[i], db.Node_CadY[i]};
+    if (db.Node_JuncCount[i] <= 0 || !Is_Position(at)) continue;
+    low = {std::min(low.x, at.x), std::min(low.y, at.y)};
+    high = {std::max(high.x, at.x), std::max(high.y, at.y)};
   }
   const double w = std::max(high.x - low.x + least_span, high.y - low.y + least_span);
   const Point centre = 0.5 * (low + high);
   for (int i = 1; i <= db.Node_Total; ++i) {
     if (db.Node_JuncCount[i] <= 0) continue;
     const Point at{db.Node_CadX[i], db.Node_CadY[i]};
-    const Point from_centre = Is_Position(at.x, at.y) ? at - centre : Point{};
+    const Point from_centre = Is_Position(at) ? at - centre : Point{};
     db.Node_CadX[i] = static_cast<float>(from_centre.x * filled / w + 0.5);
     db.Node_CadY[i] = static_cast<float>(from_centre.y * filled / w + 0.5);
   }

@@ -5,7 +5,7 @@
 #include <numbers>
 #include <vector>
 
-#include "drawing/cad.h"
+#include "drawing/cad_drawing.h"
 
 namespace branok {
 
@@ -13,8 +13,7 @@ namespace {
 
 bool Has_Position(const Database& db, int node) {
   const Point at{db.Node_CadX[node], db.Node_CadY[node]};
-  constexpr double beyond = 1e10;
-  return at != Point{} && std::abs(at.x) < beyond && std::abs(at.y) < beyond;
+  return at != Point{} && Is_Position(at);
 }
 
 double Distance(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
@@ -36,14 +35,15 @@ class New_Nodes {
 
   Database& db_;
   std::vector<int> placed_, waiting_;
-  Point low_{0.015, 0.015}, high_{0.985, 0.985};  // where nodes may lie
-  double step_ = 0;                               // to a neighbour, so that the airway shows
+  Point low_{node_low, node_low}, high_{node_high, node_high};  // where nodes may lie
+  double step_ = 0;  // to a neighbour, so that the airway shows
 };
 
 New_Nodes::New_Nodes(Database& db, const Node_Table<std::int16_t>& before, int last) : db_(db) {
   for (int i = 1; i <= std::min<int>(db.Node_Total, last); ++i) {
     if (db.Node_JuncCount[i] <= 0) continue;
     const bool stays = before[i] > 0 || keeps_place(i);
+    if (stays && !Is_Position(place(i))) continue;  // nothing is near what lies nowhere
     (stays ? placed_ : waiting_).push_back(i);
   }
   measure();
@@ -63,8 +63,7 @@ bool New_Nodes::keeps_place(int node) const {
 // Positions may still be metres: then the drawing's own extent is the measure.
 void New_Nodes::measure() {
   constexpr double steps = 6;  // marks from node to node
-  const double mark = std::min(0.025, 1.0 / (db_.Node_Total + 16) + 0.0033);
-  step_ = steps * mark;
+  step_ = steps * Mark_Base_Of(db_);
   constexpr double infinite = std::numeric_limits<double>::infinity();
   Point low{infinite, infinite};
   Point high{-infinite, -infinite};

@@ -48,7 +48,7 @@ struct Airway_Vector {
 
   /// The point at distance r from a, at angle u.
   [[nodiscard]] Point polar(double r, double u) const;
-  /// The part `share` * len of the vector.
+  /// A vector of this length from a towards b.
   [[nodiscard]] Point along(double length) const;
 };
 Airway_Vector Vector_Of(const Drawing& drawing, int a, int b);

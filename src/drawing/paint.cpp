@@ -14,7 +14,7 @@ constexpr double printer_shift = 1.5;  // pens that a printer's texts stand furt
 void Paint_Text(Surface& surface, Point at, float height, float angle, std::int32_t color,
                 std::string_view text, double factor) {
   if (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  if (text.empty()) return;
+  if (text.empty() || !std::isfinite(at.x + at.y + height + angle)) return;
   if (factor != 1) at.x -= printer_shift * factor / surface.pixels_per_unit();
   const Text_Cell cell = Place_Text(at, height, angle, surface.pixels_per_unit());
   if (cell.width > 0) surface.Text(cell, color, text);

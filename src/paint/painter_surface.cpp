@@ -112,8 +112,10 @@ bool Painter_Surface::is_seen(const QRectF& box, double margin) const {
   return seen_.isNull() || seen_.intersects(box.adjusted(-margin, -margin, margin, margin));
 }
 
+// A device that could not be had, a bitmap without memory say, has no engine: it takes nothing.
 bool Painter_Surface::is_bitmap() const {
-  return painter_.paintEngine()->type() == QPaintEngine::Raster;
+  const QPaintEngine* const engine = painter_.paintEngine();
+  return engine != nullptr && engine->type() == QPaintEngine::Raster;
 }
 
 // A pen is costly to take up, and most records are drawn with the one in hand.

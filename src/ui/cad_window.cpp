@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "drawing/paint.h"
+#include "drawing/trap.h"
 #include "paint/painter_surface.h"
+#include "ui/qt_text.h"
 
 namespace branok {
 
@@ -34,12 +36,13 @@ void MDICad::resume(int placed) {
   show_cursor();
 }
 
-void MDICad::paint(Surface& surface) const {
-  if (without_info_) {
-    Paint_Lists(cad_.Lists, surface);
-  } else {
-    Cad_Paint(db_, cad_, surface);
-  }
+void MDICad::paint(Surface& surface, bool labels) const {
+  if (labels) return Cad_Paint(db_, cad_, surface);
+  Paint_Lists(cad_.Lists, surface);
+}
+
+void MDICad::paint_labels(Surface& surface, std::string_view word) const {
+  Cad_Info_Paint(db_, cad_, surface, word);
 }
 
 QColor MDICad::back_color() const { return Color_Of(db_.Cad_Color[color::back]); }
@@ -57,13 +60,10 @@ void MDICad::attach_marks(bool on) {
 }
 
 void MDICad::show_info(Airway_Info info) {
-  without_info_ = true;
-  repaint_picture();
-  paint_on_picture([this](Surface& surface) { Cad_Info_Paint(db_, cad_, surface, "erase"); });
-  without_info_ = false;
-  cad_.Cad_Airway_Info = info;
-  Cad_Info_Build(db_, cad_);
-  paint_on_picture([this](Surface& surface) { Cad_Info_Paint(db_, cad_, surface, "draw"); });
+  change_labels([&] {
+    cad_.Cad_Airway_Info = info;
+    Cad_Info_Build(db_, cad_);
+  });
 }
 
 // --- A new drawing by mouse
@@ -85,14 +85,15 @@ QString MDICad::notice() const {
 // Only what is new is painted, as long as the drawing grows.
 void MDICad::place_node(Point at) {
   const List_Ends before = Ends_Of(cad_.Lists);
-  Cad_Place_Node(db_, cad_, at);
-  if (db_.Flag_Cad != 0) {
+  const std::string broken = Trap([&] { Cad_Place_Node(db_, cad_, at); });
+  if (db_.Flag_Cad != 0 || !broken.empty()) {
     rebuild();
   } else {
     paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });
   }
   show_cursor();
-  note_edit();
+  note_edit();  // after a fault too: the node counts as placed
+  if (!broken.empty()) emit fault(To_Qt(broken));
 }
 
 // --- Moving a node: it leaves the picture and follows the pointer.

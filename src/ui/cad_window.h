@@ -38,8 +38,7 @@ class MDICad : public Picture_Window {
 
   void zoom_out();
   void attach_marks(bool on);
-  /// What stands beside the airways. The labels of before are overdrawn in the colour of the
-  /// background: an airway under them has a gap until the next redraw.
+  /// What stands beside the airways.
   void show_info(Airway_Info info);
 
  signals:
@@ -53,7 +52,8 @@ class MDICad : public Picture_Window {
   [[nodiscard]] const Area& selected() const override { return cad_.Selected; }
   void set_view(double side) override { Cad_SetView(db_, cad_, side); }
   std::string build() override { return Cad_Build(db_, cad_); }
-  void paint(Surface& surface) const override;
+  void paint(Surface& surface, bool labels) const override;
+  void paint_labels(Surface& surface, std::string_view word) const override;
   [[nodiscard]] QColor back_color() const override;
   [[nodiscard]] const Database& database() const override { return db_; }
   [[nodiscard]] Pick_Ground ground() const override { return Ground_Of(db_, cad_); }
@@ -75,8 +75,7 @@ class MDICad : public Picture_Window {
   Database& db_;
   Cad cad_;
   Cad_History history_;
-  Primitive_Lists moved_;      // the node that is being moved, as it lies now
-  bool without_info_ = false;  // for the moment between two kinds of labels
+  Primitive_Lists moved_;  // the node that is being moved, as it lies now
 };
 
 }  // namespace branok

@@ -46,12 +46,13 @@ std::string MDIGraph::build() {
   return fault.empty() ? fault : "The picture is not complete: " + fault;
 }
 
-void MDIGraph::paint(Surface& surface) const {
-  if (without_info_) {
-    Paint_Lists(graphic_.Graph, surface);
-  } else {
-    Graph_Paint(db_, graphic_, surface);
-  }
+void MDIGraph::paint(Surface& surface, bool labels) const {
+  if (labels) return Graph_Paint(db_, graphic_, surface);
+  Paint_Lists(graphic_.Graph, surface);
+}
+
+void MDIGraph::paint_labels(Surface& surface, std::string_view word) const {
+  Graph_Info_Paint(db_, graphic_, surface, word);
 }
 
 QColor MDIGraph::back_color() const { return Color_Of(db_.Graph_Color[color::back]); }
@@ -81,13 +82,10 @@ void MDIGraph::attach_marks(bool on) {
 }
 
 void MDIGraph::show_info(Node_Info info) {
-  without_info_ = true;
-  repaint_picture();
-  paint_on_picture([this](Surface& surface) { Graph_Info_Paint(db_, graphic_, surface, "erase"); });
-  without_info_ = false;
-  graphic_.Graph_NodeInfo = info;
-  Graph_Info(db_, graphic_);
-  paint_on_picture([this](Surface& surface) { Graph_Info_Paint(db_, graphic_, surface, "draw"); });
+  change_labels([&] {
+    graphic_.Graph_NodeInfo = info;
+    Graph_Info(db_, graphic_);
+  });
 }
 
 }  // namespace branok

@@ -28,8 +28,7 @@ class MDIGraph : public Picture_Window {
   /// The whole picture and the whole level band.
   void zoom_out();
   void attach_marks(bool on);
-  /// What stands beside the nodes. The labels of before are overdrawn in the colour of the
-  /// background: an airway under them has a gap until the next redraw.
+  /// What stands beside the nodes.
   void show_info(Node_Info info);
 
  protected:
@@ -39,7 +38,8 @@ class MDIGraph : public Picture_Window {
   [[nodiscard]] const Area& selected() const override { return graphic_.Selected; }
   void set_view(double side) override { Graph_SetView(db_, graphic_, side); }
   std::string build() override;
-  void paint(Surface& surface) const override;
+  void paint(Surface& surface, bool labels) const override;
+  void paint_labels(Surface& surface, std::string_view word) const override;
   [[nodiscard]] QColor back_color() const override;
   [[nodiscard]] const Database& database() const override { return db_; }
   [[nodiscard]] Pick_Ground ground() const override { return Ground_Of(db_, graphic_); }
@@ -60,7 +60,6 @@ class MDIGraph : public Picture_Window {
   Network drawn_;            // the network that range and projection are of
   std::string range_fault_;  // why the mine has no extent
   std::string projection_fault_;
-  bool without_info_ = false;  // for the moment between two kinds of labels
 };
 
 }  // namespace branok

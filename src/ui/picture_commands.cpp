@@ -38,7 +38,6 @@ void BRANOK60::add_picture(Picture_Window* window, const char* icon) {
   frame->setAttribute(Qt::WA_DeleteOnClose);
   frame->setWindowIcon(Icon_Of(icon));
   connect(frame, &QObject::destroyed, this, &BRANOK60::window_activated);
-  connect(frame, &QObject::destroyed, this, [this] { status_->show_hint({}); });
   frame->showMaximized();
 }
 

@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QGridLayout>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
@@ -18,9 +17,6 @@ namespace branok {
 
 namespace {
 
-constexpr double wheel_step = 120;    // of one notch
-constexpr double zoom_step = 1.25;    // of one notch
-constexpr double key_pan = 0.1;       // of the shown width
 constexpr double most_copied = 8000;  // pixels of a copied picture's side
 const QColor rubber_color(255, 0, 0);
 const QColor highlight_color(255, 140, 0);
@@ -33,38 +29,21 @@ QCursor Cursor_Of_Icon(const char* name) {
 
 }  // namespace
 
-// picDraw: as large as the whole picture at the present zoom, of which the frame shows a part.
-class Picture_Window::Canvas : public QWidget {
- public:
-  Canvas(Picture_Window& window, QWidget* frame) : QWidget(frame), window_(window) {
-    setObjectName("picDraw");
-    setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName("Picture of the mine");
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.translate(-pos());
-    window_.paint_canvas(painter);
-  }
-
- private:
-  Picture_Window& window_;
-};
-
 Picture_Window::Picture_Window(QWidget* parent)
     : QWidget(parent),
       picShade(new QWidget(this)),
-      picDraw(new Canvas(*this, picShade)),
+      picDraw(new QWidget(picShade)),
       hsbControl(new QScrollBar(Qt::Horizontal, this)),
       vsbControl(new QScrollBar(Qt::Vertical, this)) {
   picShade->setObjectName("picShade");
   picShade->setMouseTracking(true);
   picShade->setAutoFillBackground(true);
   picShade->setFocusProxy(picDraw);
+  picDraw->setObjectName("picDraw");
+  picDraw->setMouseTracking(true);
+  picDraw->setFocusPolicy(Qt::StrongFocus);
+  picDraw->setAttribute(Qt::WA_OpaquePaintEvent);
+  picDraw->setAccessibleName("Picture of the mine");
   hsbControl->setObjectName("hsbControl");
   vsbControl->setObjectName("vsbControl");
   auto* const grid = new QGridLayout(this);
@@ -223,7 +202,7 @@ void Picture_Window::redraw() {
 void Picture_Window::paint_square(QPainter& painter, const QRectF& unit, double ratio) const {
   {
     Painter_Surface surface(painter, unit, ratio);
-    paint(surface);
+    paint(surface, labels_);
   }
   for (const Pasted& pasted : pasted_) {
     painter.drawImage(rect_in(unit, pasted.place), pasted.picture);
@@ -245,7 +224,7 @@ void Picture_Window::paint_shown(QPainter& painter, const QRectF& target, double
 
 void Picture_Window::ensure_picture() {
   ensure_lists();
-  const QSize size = picShade->size() * devicePixelRatioF();
+  const QSize size = (picShade->size() * devicePixelRatioF()).expandedTo({1, 1});
   if (fresh_ && picture_.size() == size) return;
   picture_ = QPixmap(size);
   picture_.setDevicePixelRatio(devicePixelRatioF());
@@ -265,11 +244,29 @@ void Picture_Window::paint_on_picture(const std::function<void(Surface&)>& paint
   picDraw->update();
 }
 
+void Picture_Window::change_labels(const std::function<void()>& build) {
+  labels_ = false;
+  repaint_picture();
+  paint_on_picture([this](Surface& surface) { paint_labels(surface, "erase"); });
+  labels_ = true;
+  build();
+  paint_on_picture([this](Surface& surface) { paint_labels(surface, "draw"); });
+}
+
 void Picture_Window::update_over() { picDraw->update(); }
 
-// In the coordinates of the frame.
-void Picture_Window::paint_canvas(QPainter& painter) {
+// What shows beside the canvas when it is smaller than the frame.
+void Picture_Window::paint_frame() {
   ensure_picture();
+  QPainter painter(picShade);
+  painter.drawPixmap(0, 0, picture_);
+}
+
+// The canvas is painted in the coordinates of the frame.
+void Picture_Window::paint_canvas() {
+  ensure_picture();
+  QPainter painter(picDraw);
+  painter.translate(-picDraw->pos());
   painter.drawPixmap(0, 0, picture_);
   painter.save();  // the overlays are written in the window's font
   {
@@ -343,9 +340,10 @@ QImage Picture_Window::shown_picture(double ratio) {
 QImage Picture_Window::selected_picture() {
   ensure_lists();
   const double ratio = std::max(2.0, devicePixelRatioF());
-  if (selected().whole()) return shown_picture(ratio);
-  const QRectF part = rect_of(selected());
+  const bool whole = selected().whole();
+  const QRectF part = whole ? QRectF(picShade->rect()) : rect_of(selected());
   const double scale = std::min(ratio, most_copied / std::max(part.width(), part.height()));
+  if (whole) return shown_picture(scale);
   QImage image((part.size() * scale).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
   image.setDevicePixelRatio(scale);
   QPainter painter(&image);
@@ -386,255 +384,6 @@ void Picture_Window::drop_pasted() {
   carried_.reset();
   repaint_picture();
   set_mode("none");
-}
-
-// --- Events
-
-bool Picture_Window::eventFilter(QObject* object, QEvent* event) {
-  if (object == picShade && event->type() == QEvent::Resize) {
-    set_view(side());
-    rebuild();
-    view_changed();
-    return false;
-  }
-  if (object == picShade && event->type() == QEvent::Paint) {
-    QPainter painter(picShade);
-    ensure_picture();
-    painter.drawPixmap(0, 0, picture_);
-    return true;
-  }
-  const auto frame_place = [&](const QPointF& at) {
-    return object == picDraw ? at + QPointF(picDraw->pos()) : at;
-  };
-  switch (event->type()) {
-    case QEvent::MouseButtonPress: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      picDraw->setFocus(Qt::MouseFocusReason);
-      mouse_pressed(mouse, frame_place(mouse.position()));
-      return true;
-    }
-    case QEvent::MouseMove: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      mouse_moved(mouse, frame_place(mouse.position()));
-      return true;
-    }
-    case QEvent::MouseButtonRelease: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      mouse_released(mouse, frame_place(mouse.position()));
-      return true;
-    }
-    case QEvent::MouseButtonDblClick: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      if (mouse.button() == Qt::LeftButton && mode_ == "none" && drag_ == Drag::none &&
-          !takes_every_click()) {
-        pick_at(frame_place(mouse.position()));
-      } else {
-        mouse_pressed(mouse, frame_place(mouse.position()));
-      }
-      return true;
-    }
-    case QEvent::Wheel: {
-      const auto& wheel = *static_cast<QWheelEvent*>(event);
-      wheel_ += wheel.angleDelta().y() / wheel_step;
-      const QPointF at = frame_place(wheel.position());
-      if (wheel_ != 0) zoom_by(std::pow(zoom_step, std::exchange(wheel_, 0)), at);
-      return true;
-    }
-    case QEvent::Leave:
-      if (object == picShade) end_hover();
-      return false;
-    case QEvent::ContextMenu: {
-      // A menu would take the release of the button that drags: the drag is broken off instead.
-      if (drag_ != Drag::none) return cancel(), true;
-      const auto& menu = *static_cast<QContextMenuEvent*>(event);
-      // The middle of the whole picture, which the menu key stands for, may be out of sight.
-      const bool key = menu.reason() == QContextMenuEvent::Keyboard;
-      emit menu_wanted(key ? picShade->mapToGlobal(picShade->rect().center()) : menu.globalPos());
-      return true;
-    }
-    case QEvent::KeyPress:
-      return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));
-    case QEvent::KeyRelease: {
-      const auto& key = *static_cast<QKeyEvent*>(event);
-      if (key.key() != Qt::Key_Space || key.isAutoRepeat()) return false;
-      space_ = false;
-      show_cursor();
-      return true;
-    }
-    case QEvent::FocusOut:
-      space_ = false;
-      show_cursor();
-      return false;
-    default:
-      return QWidget::eventFilter(object, event);
-  }
-}
-
-void Picture_Window::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  show_cursor();
-}
-
-bool Picture_Window::key_pressed(const QKeyEvent& key) {
-  const QPointF middle = QRectF(picShade->rect()).center();
-  const double step = key_pan * (view().X2 - view().X1);
-  const auto pan = [&](double dx, double dy) {
-    Pan(view(), dx, dy);
-    view_changed();
-    return true;
-  };
-  switch (key.key()) {
-    case Qt::Key_Escape:
-      if (drag_ != Drag::none) {
-        cancel();
-      } else {
-        set_mode("none");
-      }
-      return true;
-    case Qt::Key_Space:
-      space_ = true;
-      show_cursor();
-      return true;
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:
-      zoom_by(zoom_step, middle);
-      return true;
-    case Qt::Key_Minus:
-      zoom_by(1 / zoom_step, middle);
-      return true;
-    case Qt::Key_Home:
-      show_area({});
-      return true;
-    case Qt::Key_Left:
-      return pan(-step, 0);
-    case Qt::Key_Right:
-      return pan(step, 0);
-    case Qt::Key_Up:
-      return pan(0, -step);
-    case Qt::Key_Down:
-      return pan(0, step);
-    default:
-      return false;
-  }
-}
-
-void Picture_Window::mouse_pressed(const QMouseEvent& event, const QPointF& at) {
-  if (drag_ != Drag::none) return;
-  const bool left = event.button() == Qt::LeftButton;
-  if (event.button() == Qt::MiddleButton || (left && space_)) {
-    drag_ = Drag::pan;
-    pan_from_ = at;
-    show_cursor();
-    return;
-  }
-  if (!left) return;
-  if (mode_ == "zoom" || mode_ == "area") {
-    drag_ = Drag::rubber;
-    from_ = to_ = unit_of(at);
-    end_hover();
-  } else if (mode_ == "view") {
-    pick_at(at);
-  } else if (mode_ == "paste" && carried_) {
-    drop_pasted();
-  } else if (press(unit_of(at))) {
-    drag_ = Drag::own;
-    end_hover();
-  }
-}
-
-void Picture_Window::mouse_moved(const QMouseEvent& event, const QPointF& at) {
-  // The release went elsewhere, to a message box say: nothing hangs on the pointer any more.
-  if (drag_ != Drag::none && event.buttons() == Qt::NoButton) cancel();
-  if (carried_) {
-    Area& place = carried_->place;
-    const Point corner = unit_of(at);
-    const auto x = static_cast<float>(corner.x);
-    const auto y = static_cast<float>(corner.y);
-    place = {x, y, x + (place.X2 - place.X1), y + (place.Y2 - place.Y1)};
-    update_over();
-  }
-  switch (drag_) {
-    case Drag::rubber:
-      to_ = unit_of(at);
-      update_over();
-      break;
-    case Drag::pan: {
-      const double size = square().width();
-      Pan(view(), (pan_from_.x() - at.x()) / size, (pan_from_.y() - at.y()) / size);
-      pan_from_ = at;
-      view_changed();
-      break;
-    }
-    case Drag::own:
-      drag(unit_of(at));
-      break;
-    case Drag::none:
-      if (event.buttons() == Qt::NoButton) hover(at);
-      break;
-  }
-}
-
-void Picture_Window::mouse_released(const QMouseEvent& event, const QPointF& at) {
-  const bool left = event.button() == Qt::LeftButton;
-  if (drag_ == Drag::pan && (left || event.button() == Qt::MiddleButton)) {
-    drag_ = Drag::none;
-    show_cursor();
-  } else if (drag_ == Drag::rubber && left) {
-    to_ = unit_of(at);
-    end_rubber();
-  } else if (drag_ == Drag::own && left) {
-    drag_ = Drag::none;
-    release(unit_of(at));
-  }
-}
-
-void Picture_Window::end_rubber() {
-  drag_ = Drag::none;
-  const Area drawn = Ordered(from_, to_);
-  if (mode_ == "zoom") {
-    show_area(Zoom_Rectangle({drawn.X1, drawn.Y1}, {drawn.X2, drawn.Y2}));
-    return;
-  }
-  // A mere click selects everything again.
-  selected() = drawn.X1 == drawn.X2 || drawn.Y1 == drawn.Y2 ? Area{} : drawn;
-  update_over();
-}
-
-void Picture_Window::cancel() {
-  if (drag_ == Drag::own) cancel_drag();
-  drag_ = Drag::none;
-  carried_.reset();
-  end_hover();
-  update_over();
-  show_cursor();
-}
-
-// Marks that are switched off are found all the same, so that numbers can be read without them; a
-// node that is not drawn is not.
-void Picture_Window::hover(const QPointF& at) {
-  ensure_lists();
-  Pick_Ground g = ground();
-  if (g.S == 0) g.S = mark_base();
-  g.bare = false;
-  const Pick now = Pick_At(g, unit_of(at));
-  if (now == under_) return;
-  under_ = now;
-  emit hint(To_Qt(Pick_Text(database(), now)));
-  update_over();
-}
-
-void Picture_Window::end_hover() {
-  if (under_.node == 0) return;
-  under_ = {};
-  emit hint({});
-  update_over();
-}
-
-void Picture_Window::pick_at(const QPointF& at) {
-  ensure_lists();
-  const Pick pick = Pick_At(ground(), unit_of(at));
-  end_hover();
-  emit picked(pick);
 }
 
 }  // namespace branok

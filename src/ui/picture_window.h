@@ -18,9 +18,10 @@
 #include "drawing/surface.h"
 #include "drawing/view.h"
 
+class QContextMenuEvent;
+class QKeyEvent;
 class QMouseEvent;
 class QScrollBar;
-class QKeyEvent;
 
 namespace branok {
 
@@ -82,7 +83,7 @@ class Picture_Window : public QWidget {
   void picked(const branok::Pick& pick);
   /// What lies under the pointer, in words; empty for nothing.
   void hint(const QString& text);
-  /// The picture could not be built to its end.
+  /// The picture could not be built to its end, or what the mouse began could not.
   void fault(const QString& text);
   void menu_wanted(const QPoint& global);
 
@@ -97,7 +98,10 @@ class Picture_Window : public QWidget {
   virtual void set_view(double side) = 0;
   /// Builds the lists; the fault that ended it, empty when none did.
   virtual std::string build() = 0;
-  virtual void paint(Surface& surface) const = 0;
+  /// The lists, with the labels or without.
+  virtual void paint(Surface& surface, bool labels) const = 0;
+  /// The labels with the word "draw" in their colour, with any other in that of the background.
+  virtual void paint_labels(Surface& surface, std::string_view word) const = 0;
   [[nodiscard]] virtual QColor back_color() const = 0;
   [[nodiscard]] virtual const Database& database() const = 0;
   [[nodiscard]] virtual Pick_Ground ground() const = 0;
@@ -122,6 +126,9 @@ class Picture_Window : public QWidget {
 
   /// Paints at once on the picture as it is, over what stands there.
   void paint_on_picture(const std::function<void(Surface&)>& paint_new);
+  /// Other labels, which `build` makes. Those of before are overdrawn in the colour of the
+  /// background: an airway under them has a gap until the next redraw.
+  void change_labels(const std::function<void()>& build);
   /// The view has changed: scroll bars and picture follow.
   void view_changed();
   /// What a drag shows has changed.
@@ -135,7 +142,6 @@ class Picture_Window : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  class Canvas;
   enum class Drag { none, rubber, pan, own };
   struct Pasted {
     QImage picture;
@@ -150,12 +156,17 @@ class Picture_Window : public QWidget {
   void scrolled();
   void ensure_lists();
   void ensure_picture();
-  void paint_canvas(QPainter& painter);
+  void paint_frame();
+  void paint_canvas();
   void paint_overlays(QPainter& painter) const;
   void paint_highlight(QPainter& painter) const;
   [[nodiscard]] QRectF rect_of(const Area& area) const;
   [[nodiscard]] static QRectF rect_in(const QRectF& unit, const Area& area);
 
+  bool take_event(QObject* object, QEvent* event);
+  void take_mouse(const QMouseEvent& mouse, const QPointF& at);
+  void ask_menu(const QContextMenuEvent& menu);
+  void frame_resized();
   void mouse_pressed(const QMouseEvent& event, const QPointF& at);
   void mouse_moved(const QMouseEvent& event, const QPointF& at);
   void mouse_released(const QMouseEvent& event, const QPointF& at);
@@ -166,6 +177,7 @@ class Picture_Window : public QWidget {
   void end_hover();
   void zoom_by(double factor, const QPointF& at);
   bool key_pressed(const QKeyEvent& key);
+  bool key_released(const QKeyEvent& key);
   void pick_at(const QPointF& at);
 
   QWidget* picShade;
@@ -174,6 +186,7 @@ class Picture_Window : public QWidget {
   std::string mode_ = "none";
   QPixmap picture_;  // what the frame shows, painted
   bool fresh_ = false;
+  bool labels_ = true;  // false for the moment between two kinds of them
   bool stale_lists_ = true;
   std::string fault_;
   Drag drag_ = Drag::none;
@@ -183,7 +196,6 @@ class Picture_Window : public QWidget {
   Pick under_;          // the pointer
   std::vector<Pasted> pasted_;
   std::optional<Pasted> carried_;  // follows the pointer
-  double wheel_ = 0;               // turned, not used up yet
 };
 
 }  // namespace branok

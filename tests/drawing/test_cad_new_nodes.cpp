@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "drawing/cad.h"
 #include "drawn_mine.h"
@@ -155,6 +156,20 @@ TEST_F(Cad_New_Nodes, A_Drawing_That_Lost_Its_Missing_Nodes_Is_Complete) {
   EXPECT_FALSE(Cad_Complete(db, cad));  // it was before
   db.Flag_Cad = db.Node_Total = 0;
   EXPECT_FALSE(Cad_Complete(db, cad));  // an empty mine has no drawing
+}
+
+// Else a check that brings in a node would end half-way.
+TEST_F(Cad_New_Nodes, Neighbours_Whose_Positions_Are_None_Lead_Nowhere) {
+  for (const float none :
+       {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(), 3e38F}) {
+    db = Drawn_Mine();
+    db.Node_CadX[3] = none;
+    Add_Road(3, 6);
+    EXPECT_NO_THROW(Place());
+    EXPECT_GE(At(6).x, 0.015);
+    EXPECT_LE(At(6).x, 0.985);
+    EXPECT_GT(Nearest(6), 0.1);
+  }
 }
 
 }  // namespace

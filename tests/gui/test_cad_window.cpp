@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QSignalSpy>
+#include <limits>
 
+#include "airflow/flow_run.h"
 #include "demo_mine.h"
 #include "picture_hand.h"
 #include "support/test_doors.h"
@@ -284,6 +286,52 @@ TEST_F(Cad_Window, A_Mine_Without_Airways_Is_A_Usable_Window) {
   window->zoom_out();
   window->toggle_mode("move");
   hand().drag({0.1, 0.1}, {0.5, 0.5});
+}
+
+// A mine whose tables hold numbers that are none: no command's trap stands above the mouse.
+TEST_F(Cad_Window, A_Fault_In_A_Drag_Breaks_It_Off_And_Is_Told) {
+  window->toggle_mode("move");
+  const int grasped = at_node(4);
+  const Point lies = node(grasped);
+  (void)picture();
+  db.Node_JuncCount[grasped] = max_slots + 2;
+  QSignalSpy fault(window.get(), &Picture_Window::fault);
+  hand().press(lies);
+  EXPECT_EQ(fault.size(), 1);
+  EXPECT_EQ(window->cad().Cad_MoveNode, 0);
+  hand().move({0.7, 0.3});
+  hand().release({0.7, 0.3});
+  EXPECT_EQ(node(grasped), lies);
+}
+
+TEST_F(Cad_Window, A_Node_Placed_With_A_Fault_Counts_And_Is_Told) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  bare.Node_JuncCount[1] = max_slots + 2;
+  open(std::move(bare));
+  QSignalSpy fault(window.get(), &Picture_Window::fault);
+  QSignalSpy edited(window.get(), &MDICad::edited);
+  hand().click({0.3, 0.4});
+  EXPECT_EQ(fault.size(), 1);
+  EXPECT_EQ(edited.size(), 1);
+  EXPECT_EQ(window->cad().Cad_InputNode, 1);
+  EXPECT_TRUE(window->can_undo());
+}
+
+TEST_F(Cad_Window, Positions_That_Are_None_Leave_The_Others_On_Show) {
+  db.Node_CadX[2] = std::numeric_limits<float>::quiet_NaN();
+  db.Node_CadY[3] = 1e30F;
+  db.Flag_Results = flag_true;
+  Set_Flow_Sign(db);
+  window->show_info(Airway_Info::note);
+  window->data_changed();
+  EXPECT_GT(Pixels_Unlike(picture(), Qt::black), 1000);
+  hand().hover(node(4));
+  hand().wheel(node(4), 5);
+  window->toggle_mode("move");
+  hand().drag(node(4), {0.6, 0.6});
+  window->redraw();
+  EXPECT_GT(Pixels_Unlike(picture(), Qt::black), 1000);
 }
 
 }  // namespace

@@ -462,5 +462,53 @@ TEST_F(Graphic_Window, Changed_Data_Show_At_Once) {
   EXPECT_NE(picture(), before);
 }
 
+// A mine whose tables hold numbers that are none: no command's trap stands above the mouse.
+TEST_F(Graphic_Window, A_Fault_Under_The_Pointer_Is_Told) {
+  with_marks();
+  db.Node_UpCount[1] = max_slots + 2;
+  QSignalSpy fault(window.get(), &Picture_Window::fault);
+  QSignalSpy picked(window.get(), &Picture_Window::picked);
+  hand().hover({0.01, 0.01});
+  EXPECT_EQ(fault.size(), 1);
+  window->toggle_mode("view");
+  hand().click({0.01, 0.01});
+  hand().wheel({0.5, 0.5}, 1);
+  EXPECT_EQ(fault.size(), 3);
+  EXPECT_TRUE(picked.empty());
+}
+
+TEST_F(Graphic_Window, An_Airway_Under_The_Pointer_That_Loses_Its_End_Is_Let_Go) {
+  with_marks();
+  QSignalSpy hint(window.get(), &Picture_Window::hint);
+  Pick under;
+  for (int i = 1; i <= db.Node_Total && under.slot == 0; ++i) {
+    if (db.Node_UpCount[i] == 0) continue;
+    const Point middle = 0.5 * (node(i) + node(db.Node_Junc(db.Node_UpSlot(1, i), i)));
+    under = Pick_At(Ground_Of(db, window->graphic()), middle);
+    hand().hover(middle);
+  }
+  ASSERT_NE(under.slot, 0);
+  ASSERT_NE(hint.last().first().toString(), "");
+  db.Node_Junc(under.slot, under.node) = max_nodes + 1;
+  QSignalSpy fault(window.get(), &Picture_Window::fault);
+  (void)hand().draw()->grab();
+  EXPECT_GE(fault.size(), 1);
+  EXPECT_EQ(hint.last().first().toString(), "");
+}
+
+TEST_F(Graphic_Window, A_Frame_Without_Room_Is_Painted_On) {
+  with_marks();
+  window->findChild<QWidget*>("picShade")->resize(0, 0);
+  window->show_info(Node_Info::level);
+  EXPECT_FALSE(window->graphic().Graph.Info.empty());
+}
+
+TEST_F(Graphic_Window, A_Wide_Window_Is_Copied_In_A_Size_That_Others_Take) {
+  window->resize(9000, 600);
+  QCoreApplication::processEvents();
+  ASSERT_GT(window->frame_size().width(), 8000);
+  EXPECT_EQ(window->selected_picture().width(), 8000);
+}
+
 }  // namespace
 }  // namespace branok

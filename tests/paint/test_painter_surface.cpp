@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 
 #include "core/database.h"
 #include "drawing/graphic.h"
@@ -315,6 +316,37 @@ TEST(Painter_Surface, A_Clipped_Picture_Is_A_Part_Of_The_Whole_One) {
     return image.copy(150, 150, 100, 100);
   };
   EXPECT_EQ(painted(true), painted(false));
+}
+
+// A bitmap for which there was no memory, or without room.
+TEST(Painter_Surface, A_Device_That_Takes_No_Painting_Does_No_Harm) {
+  QImage none;
+  QPainter painter(&none);
+  Painter_Surface surface(painter, QRectF(0, 0, side, side));
+  surface.PSet({0.1, 0.1}, red, 1);
+  surface.Line({0.9, 0.9}, red, 1);
+  surface.Circle({0.5, 0.5}, 0.2, red, 2);
+  surface.Text({.corner = {0.2, 0.2}, .width = 10, .escapement = 300}, red, "12");
+  surface.finish();
+  EXPECT_FALSE(painter.isActive());
+}
+
+TEST(Painter_Surface, A_Text_Without_A_Place_Is_Left_Out) {
+  struct Counting : Painter_Surface {
+    using Painter_Surface::Painter_Surface;
+    void Text(const Text_Cell&, std::int32_t, std::string_view) override { ++texts; }
+    int texts = 0;
+  };
+  constexpr float none = std::numeric_limits<float>::quiet_NaN();
+  Primitive_Lists lists;
+  lists.Info.push_back({none, 0.5F, 2, 0.1F, 0.1F, 0, "12"});
+  lists.Info.push_back({0.5F, 0.5F, 2, 0.1F, 0.1F, none, "12"});
+  lists.Info.push_back({0.5F, 0.5F, 2, 0.1F, 0.1F, 0, "12"});
+  QImage image(side, side, QImage::Format_RGB32);
+  QPainter painter(&image);
+  Counting surface(painter, QRectF(0, 0, side, side));
+  Paint_Info(lists, surface, white);
+  EXPECT_EQ(surface.texts, 1);
 }
 
 }  // namespace
