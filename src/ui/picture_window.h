@@ -165,6 +165,7 @@ class Picture_Window : public QWidget {
 
   bool take_event(QObject* object, QEvent* event);
   void take_mouse(const QMouseEvent& mouse, const QPointF& at);
+  [[nodiscard]] bool is_on_top() const;
   void ask_menu(const QContextMenuEvent& menu);
   void frame_resized();
   void mouse_pressed(const QMouseEvent& event, const QPointF& at);
@@ -192,6 +193,7 @@ class Picture_Window : public QWidget {
   Drag drag_ = Drag::none;
   Point from_, to_;     // of a rubber band
   QPointF pan_from_;    // of the frame
+  bool wakes_ = false;  // the press that comes brings the window to the top
   bool space_ = false;  // held: the left button pans
   Pick under_;          // the pointer
   std::vector<Pasted> pasted_;

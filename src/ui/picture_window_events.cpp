@@ -1,9 +1,12 @@
 // What a picture window does on the mouse, the keyboard and when it is to be painted.
 #include <QCursor>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <cmath>
+#include <utility>
 
 #include "drawing/trap.h"
 #include "ui/picture_window.h"
@@ -70,6 +73,11 @@ bool Picture_Window::take_event(QObject* object, QEvent* event) {
       return object == picDraw && key_pressed(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
       return key_released(*static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn: {
+      const auto& focus = *static_cast<QFocusEvent*>(event);
+      wakes_ = focus.reason() == Qt::MouseFocusReason && !is_on_top();
+      return false;
+    }
     case QEvent::FocusOut:
       space_ = false;
       show_cursor();
@@ -83,7 +91,8 @@ void Picture_Window::take_mouse(const QMouseEvent& mouse, const QPointF& at) {
   switch (mouse.type()) {
     case QEvent::MouseButtonPress:
       picDraw->setFocus(Qt::MouseFocusReason);
-      return mouse_pressed(mouse, at);
+      // The press that brings the window to the top does no more than that.
+      return std::exchange(wakes_, false) ? void() : mouse_pressed(mouse, at);
     case QEvent::MouseMove:
       return mouse_moved(mouse, at);
     case QEvent::MouseButtonRelease:
@@ -93,6 +102,12 @@ void Picture_Window::take_mouse(const QMouseEvent& mouse, const QPointF& at) {
       return mouse.button() == Qt::LeftButton && free ? pick_at(at) : mouse_pressed(mouse, at);
     }
   }
+}
+
+bool Picture_Window::is_on_top() const {
+  const auto* const frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  return frame == nullptr || frame->mdiArea() == nullptr ||
+         frame->mdiArea()->currentSubWindow() == frame;
 }
 
 void Picture_Window::ask_menu(const QContextMenuEvent& menu) {

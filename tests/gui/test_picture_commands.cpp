@@ -238,6 +238,21 @@ TEST_F(Picture_Commands, With_The_Graphic_Window_Its_Picture_Is_The_Source) {
   EXPECT_TRUE(user_.boxes[0].text.startsWith("Gnerate rough CAD data from graphic picture (Yes)"));
 }
 
+TEST_F(Picture_Commands, A_Click_That_Brings_The_Window_Up_Does_No_More) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  show_graphic();
+  give("mnuWindowComTile");
+  QCoreApplication::processEvents();
+  ASSERT_EQ(window_->window_tag(), "graphic");
+  const Picture_Hand hand(*cad());
+  hand.click({0.3, 0.3});
+  EXPECT_EQ(window_->window_tag(), "cad");
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 0);
+  hand.click({0.3, 0.3});
+  EXPECT_EQ(cad()->cad().Cad_InputNode, 1);
+}
+
 TEST_F(Picture_Commands, No_Leaves_The_Window_To_The_Mouse) {
   user_.answers = {QMessageBox::No};
   show_cad();
