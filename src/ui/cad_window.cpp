@@ -23,7 +23,10 @@ void MDICad::load() {
 }
 
 void MDICad::data_changed() {
-  if (Cad_Complete(db_, cad_)) emit edited();
+  if (Cad_Complete(db_, cad_)) {
+    forget_steps();  // a step back would ask for nodes that are not there any more
+    emit edited();
+  }
   rebuild();
 }
 
@@ -76,6 +79,9 @@ QString MDICad::notice() const {
   if (!places_nodes()) return {};
   const int next = cad_.Cad_InputNode + 1;
   const QString total = QString::number(db_.Node_Total);
+  if (mode() != "none") {  // whose clicks are for something else
+    return "Press Escape to go on with node " + QString::number(next) + " of " + total;
+  }
   if (db_.Node_JuncCount[next] == 0) {
     return "Node " + QString::number(next) + " has no airways: click once to pass it over";
   }
