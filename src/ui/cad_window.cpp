@@ -88,11 +88,14 @@ QString MDICad::notice() const {
   return "Click where node " + QString::number(next) + " of " + total + " lies";
 }
 
-// Only what is new is painted, as long as the drawing grows.
+// Only what is new is painted, as long as the drawing grows. With the discharge node of an
+// underground fan its suction node, placed before, gets the fan's mark.
 void MDICad::place_node(Point at) {
   const List_Ends before = Ends_Of(cad_.Lists);
-  Cad_Place_Node(db_, cad_, at);
-  if (db_.Flag_Cad != 0) {
+  const int placed = Cad_Place_Node(db_, cad_, at);
+  bool discharge = false;
+  for (int f = 1; f <= db_.MFan_Total; ++f) discharge |= db_.MFan_Discharge[f] == placed;
+  if (db_.Flag_Cad != 0 || discharge) {
     rebuild();
   } else {
     paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QSignalSpy>
+#include <algorithm>
 
 #include "demo_mine.h"
 #include "picture_hand.h"
@@ -201,6 +202,25 @@ TEST_F(Cad_Window, A_New_Drawing_Takes_A_Click_For_Each_Node) {
   const Database drawn = db;
   hand().click({0.5, 0.5});
   EXPECT_EQ(db, drawn);
+}
+
+TEST_F(Cad_Window, With_Its_Discharge_Node_An_Underground_Fan_Gets_Its_Mark) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  bare.MFan_Total = 1;
+  bare.MFan_Suction[1] = 1;
+  bare.MFan_Discharge[1] = 2;
+  bare.Node_Type[1] = 3;
+  bare.Cad_Color[color::main_fan] = 0x123456;
+  open(std::move(bare));
+  const auto fan = [&] {
+    (void)picture();
+    return std::ranges::count(window->cad().Lists.Line, 0x123456, &Line_Record::Color);
+  };
+  hand().click({0.3, 0.3});
+  EXPECT_EQ(fan(), 0);
+  hand().click({0.6, 0.3});
+  EXPECT_EQ(fan(), 4);
 }
 
 TEST_F(Cad_Window, Two_Quick_Clicks_Place_Two_Nodes) {
