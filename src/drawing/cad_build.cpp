@@ -28,6 +28,19 @@ bool Is_Shown(const Database& db, const Cad& cad, int node) {
   return db.Node_Used[node] != 0 && db.Node_JuncCount[node] > 0 && Is_Placed(db, cad, node);
 }
 
+// An underground fan points to its discharge node. As long as that one is not in the picture, not
+// placed yet or deleted, there is nothing to point to.
+bool Lacks_Discharge(const Database& db, const Cad& cad, int node) {
+  constexpr int underground_fan = 3;
+  if (db.Node_Type[node] != underground_fan) return false;
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    if (db.MFan_Suction[f] != node) continue;
+    const int discharge = db.MFan_Discharge[f];
+    return db.Node_JuncCount[discharge] <= 0 || !Is_Placed(db, cad, discharge);
+  }
+  return false;
+}
+
 // round(10 x value) / 10: "1.4", "10".
 std::string Tenths(double value) {
   std::string text = tenths(Round(10 * value) * 0.1).text();
@@ -122,7 +135,9 @@ void Cad_Frame(const Database& db, Cad& cad) {
 }
 
 void Cad_Node(const Database& db, Cad& cad, int node, std::string_view word) {
-  if (cad.Cad_Mark_Attach == 1) Build_Node(Drawing_Of(db, cad, word), node);
+  if (cad.Cad_Mark_Attach != 1) return;
+  const auto build = Lacks_Discharge(db, cad, node) ? Build_Plain_Node : Build_Node;
+  build(Drawing_Of(db, cad, word), node);
 }
 
 void Cad_Airway(const Database& db, Cad& cad, int node, int far, int slot, std::string_view word) {

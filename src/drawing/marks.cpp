@@ -321,11 +321,15 @@ Point Airway_Vector::along(double length) const { return {dx * length / len, dy 
 
 // --- What the pictures are built from
 
+void Build_Plain_Node(const Drawing& d, int node) {
+  d.circle(d.node(node), color::node_circle);
+  Node_Number(d, node);
+}
+
 void Build_Node(const Drawing& d, int node) {
   switch (d.db.Node_Type[node]) {
     case plain:
-      d.circle(d.node(node), color::node_circle);
-      break;
+      return Build_Plain_Node(d, node);
     case inlet:
       Intake_Mark(d, node);
       break;

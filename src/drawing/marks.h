@@ -56,6 +56,8 @@ Airway_Vector Vector_Of(const Drawing& drawing, int a, int b);
 /// The node's mark by its Node_Type, with its number. Raises Run_Time_Error when a number is
 /// outside its table.
 void Build_Node(const Drawing& drawing, int node);
+/// A circle with the node's number, whatever its Node_Type.
+void Build_Plain_Node(const Drawing& drawing, int node);
 
 /// The airway of a slot: its line, a second one when it is switched, and its mark by Root_Type.
 /// Raises Run_Time_Error when a number is outside its table.

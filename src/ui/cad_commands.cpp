@@ -70,7 +70,8 @@ bool BRANOK60::generate_cad(Cad_Source source) {
 void BRANOK60::place_new_nodes(const Node_Table<std::int16_t>& before) {
   Database& db = project_.db;
   Cad_Place_New_Nodes(db, before, db.Flag_Cad != 0 ? max_nodes : placed_nodes_);
-  if (cad_ != nullptr) cad_->forget_steps();
+  // A check that left the nodes as they were takes no step back from the engineer.
+  if (cad_ != nullptr && db.Node_JuncCount != before) cad_->forget_steps();
 }
 
 void BRANOK60::show_cad_state() {

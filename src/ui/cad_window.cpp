@@ -25,7 +25,10 @@ void MDICad::load() {
 }
 
 void MDICad::data_changed() {
-  if (Cad_Complete(db_, cad_)) emit edited();
+  if (Cad_Complete(db_, cad_)) {
+    forget_steps();  // a step back would ask for nodes that are not there any more
+    emit edited();
+  }
   rebuild();
 }
 
@@ -76,17 +79,24 @@ QString MDICad::notice() const {
   if (!places_nodes()) return {};
   const int next = cad_.Cad_InputNode + 1;
   const QString total = QString::number(db_.Node_Total);
+  if (mode() != "none") {  // whose clicks are for something else
+    return "Press Escape to go on with node " + QString::number(next) + " of " + total;
+  }
   if (db_.Node_JuncCount[next] == 0) {
     return "Node " + QString::number(next) + " has no airways: click once to pass it over";
   }
   return "Click where node " + QString::number(next) + " of " + total + " lies";
 }
 
-// Only what is new is painted, as long as the drawing grows.
+// Only what is new is painted, as long as the drawing grows. With the discharge node of an
+// underground fan its suction node, placed before, gets the fan's mark.
 void MDICad::place_node(Point at) {
   const List_Ends before = Ends_Of(cad_.Lists);
-  const std::string broken = Trap([&] { Cad_Place_Node(db_, cad_, at); });
-  if (db_.Flag_Cad != 0 || !broken.empty()) {
+  int placed = 0;
+  const std::string broken = Trap([&] { placed = Cad_Place_Node(db_, cad_, at); });
+  bool discharge = false;
+  for (int f = 1; f <= db_.MFan_Total; ++f) discharge |= db_.MFan_Discharge[f] == placed;
+  if (db_.Flag_Cad != 0 || discharge || !broken.empty()) {
     rebuild();
   } else {
     paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });

@@ -10,6 +10,7 @@
 #include "ui/graphic_window.h"
 #include "ui/help_window.h"
 #include "ui/main_window.h"
+#include "ui/picture_window.h"
 
 namespace branok {
 
@@ -24,6 +25,8 @@ void BRANOK60::Option_Font(int) {
                 chosen.italic());
   if (window_tag() == "analysis") analysis_window().apply_font(*font_);
   if (window_tag() == "database") database_window().apply_font(*font_);
+  // Numbers and labels in a picture have their own face, in the size of its marks.
+  if (Picture_Window* const picture = picture_on_top()) picture->setFont(*font_);
 }
 
 void BRANOK60::Window_Cascade(int) { area_->cascadeSubWindows(); }

@@ -49,6 +49,37 @@ TEST_F(Mouse_Input, Each_Click_Adds_A_Node_And_Its_Airways_To_The_Nodes_Before_I
   EXPECT_EQ(db.Flag_Cad, 0);
 }
 
+TEST_F(Mouse_Input, An_Underground_Fan_Does_Not_Point_To_A_Node_That_Is_Not_Placed) {
+  db.MFan_Total = 1;
+  db.MFan_Suction[1] = 1;
+  db.MFan_Discharge[1] = 2;
+  db.Node_Type[1] = 3;
+  Cad_Place_Node(db, cad, {0.2, 0.3});
+  EXPECT_TRUE(Lines_Of(cad.Lists, color::main_fan).empty());
+  ASSERT_EQ(cad.Lists.Circle.size(), 1U);
+  EXPECT_EQ(cad.Lists.Circle[0].X, 0.2F);
+  EXPECT_EQ(cad.Lists.Circle[0].Color, 100 + color::node_circle);
+  Cad_Place_Node(db, cad, {0.6, 0.3});
+  EXPECT_EQ(Cad_Build(db, cad), "");
+  EXPECT_EQ(Lines_Of(cad.Lists, color::main_fan).size(), 4U);
+}
+
+TEST(Underground_Fan, Does_Not_Point_To_A_Node_That_Was_Deleted) {
+  Database db = Drawn_Mine();
+  db.MFan_Total = 1;
+  db.MFan_Suction[1] = 2;
+  db.MFan_Discharge[1] = 1;
+  db.Node_Type[2] = 3;
+  db.Node_Type[5] = 0;
+  Cad cad;
+  EXPECT_EQ(Cad_Build(db, cad), "");
+  EXPECT_EQ(Lines_Of(cad.Lists, color::main_fan).size(), 4U);
+  Delete_Node(db, 1);  // fans are not touched by it
+  ASSERT_EQ(db.Node_Type[2], 3);
+  EXPECT_EQ(Cad_Build(db, cad), "");
+  EXPECT_TRUE(Lines_Of(cad.Lists, color::main_fan).empty());
+}
+
 TEST_F(Mouse_Input, A_Rebuild_On_The_Way_Keeps_What_Is_Placed) {
   Cad_Place_Node(db, cad, {0.2, 0.3});
   Cad_Place_Node(db, cad, {0.6, 0.3});

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QSignalSpy>
+#include <algorithm>
 #include <limits>
 
 #include "airflow/flow_run.h"
@@ -205,6 +206,25 @@ TEST_F(Cad_Window, A_New_Drawing_Takes_A_Click_For_Each_Node) {
   EXPECT_EQ(db, drawn);
 }
 
+TEST_F(Cad_Window, With_Its_Discharge_Node_An_Underground_Fan_Gets_Its_Mark) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  bare.MFan_Total = 1;
+  bare.MFan_Suction[1] = 1;
+  bare.MFan_Discharge[1] = 2;
+  bare.Node_Type[1] = 3;
+  bare.Cad_Color[color::main_fan] = 0x123456;
+  open(std::move(bare));
+  const auto fan = [&] {
+    (void)picture();
+    return std::ranges::count(window->cad().Lists.Line, 0x123456, &Line_Record::Color);
+  };
+  hand().click({0.3, 0.3});
+  EXPECT_EQ(fan(), 0);
+  hand().click({0.6, 0.3});
+  EXPECT_EQ(fan(), 4);
+}
+
 TEST_F(Cad_Window, Two_Quick_Clicks_Place_Two_Nodes) {
   Database bare = Demo_Mine();
   bare.Flag_Cad = 0;
@@ -228,6 +248,42 @@ TEST_F(Cad_Window, A_Drawing_That_Only_Wanted_A_Node_Which_Left_Is_Complete) {
   window->data_changed();
   EXPECT_EQ(db.Flag_Cad, flag_true);
   EXPECT_EQ(edited.size(), 1);
+}
+
+TEST_F(Cad_Window, A_Drawing_That_A_Deletion_Completed_Does_Not_Go_Back_To_Its_Clicks) {
+  Database bare = Demo_Mine();
+  bare.Flag_Cad = 0;
+  open(std::move(bare));
+  const int nodes = db.Node_Total;
+  for (int i = 1; i < nodes; ++i) hand().click({0.02 * i, 0.5});
+  Delete_Node(db, nodes);
+  window->forget_steps();
+  window->data_changed();
+  window->toggle_mode("move");
+  const Node_Table<float> drawn = db.Node_CadX;
+  hand().drag({0.02, 0.5}, {0.3, 0.2});
+  ASSERT_NE(db.Node_CadX, drawn);
+  window->undo();
+  EXPECT_EQ(db.Node_CadX, drawn);
+  EXPECT_EQ(db.Flag_Cad, flag_true);
+  EXPECT_FALSE(window->can_undo());
+}
+
+TEST_F(Cad_Window, In_A_Mode_The_Notice_Does_Not_Ask_For_A_Click_That_Is_Not_Taken) {
+  struct Read_Aloud : MDICad {
+    using MDICad::MDICad;
+    using MDICad::notice;
+  };
+  db.Flag_Cad = 0;
+  Read_Aloud cad(db);
+  cad.load();
+  EXPECT_EQ(cad.notice(), "Click where node 1 of " + QString::number(db.Node_Total) + " lies");
+  for (const char* const mode : {"move", "view", "zoom", "area"}) {
+    cad.set_mode(mode);
+    EXPECT_TRUE(cad.notice().startsWith("Press Escape")) << mode;
+  }
+  cad.set_mode("none");
+  EXPECT_TRUE(cad.notice().startsWith("Click"));
 }
 
 TEST_F(Cad_Window, The_Menu_Waits_For_The_End_Of_A_Drag) {

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFontDialog>
 #include <QImage>
 #include <QInputDialog>
 #include <QPushButton>
@@ -455,6 +456,32 @@ TEST_F(Picture_Commands, Moves_And_Frames_Are_Taken_Back) {
   EXPECT_TRUE(action("mnuEditComRedo")->isEnabled());
   show_graphic();
   EXPECT_FALSE(action("mnuEditComUndo")->isEnabled());
+}
+
+TEST_F(Picture_Commands, A_Check_That_Leaves_The_Nodes_Leaves_The_Steps) {
+  user_.answers = {QMessageBox::Yes};
+  show_cad();
+  const Node_Table<float> start = db().Node_CadX;
+  give("mnuCADComMove");
+  (void)cad()->grab();
+  Picture_Hand(*cad()).drag({db().Node_CadX[34], db().Node_CadY[34]}, {0.2, 0.2});
+  give("mnuDataComCheck");
+  show_cad();
+  ASSERT_NE(db().Node_CadX, start);
+  EXPECT_TRUE(action("mnuEditComUndo")->isEnabled());
+  give("mnuEditComUndo");
+  EXPECT_EQ(db().Node_CadX, start);
+}
+
+TEST_F(Picture_Commands, The_Font_Of_The_Window_On_Top_Is_That_Of_A_Picture_Too) {
+  user_.answers = {QMessageBox::No};
+  show_cad();
+  user_.dialogs.push_back([](QDialog& dialog) {
+    qobject_cast<QFontDialog*>(&dialog)->setCurrentFont(QFont("DejaVu Serif", 15));
+    dialog.accept();
+  });
+  give("mnuOptionComFont");
+  EXPECT_EQ(cad()->findChild<QWidget*>("picDraw")->font().pointSize(), 15);
 }
 
 TEST_F(Picture_Commands, A_Deleted_Node_Cannot_Be_Moved_Back) {
