@@ -257,6 +257,7 @@ void BRANOK60::Data_Option(int) {
   if (data_ != nullptr) data_->finish_typing();
   if (DlgData_Option(project_.db, dialogue_, this).exec() != QDialog::Accepted) return;
   if (data_ != nullptr) data_->apply_options();
+  refresh_pictures();  // the limits decide on the marks
 }
 
 void BRANOK60::Data_Reset(int) {

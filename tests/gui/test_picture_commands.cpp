@@ -620,6 +620,20 @@ TEST_F(Picture_Commands, A_Flow_Run_Shows_In_The_Pictures) {
   EXPECT_GT(graphic()->graphic().Graph.Line.size(), lines);
 }
 
+TEST_F(Picture_Commands, Other_Limits_Of_The_Marks_Show_At_Once) {
+  show_graphic();
+  give("mnuGraphComAttach");
+  (void)graphic()->grab();
+  const std::size_t lines = graphic()->graphic().Graph.Line.size();
+  user_.dialogs.push_back([](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>("ResRange3")->setText("1");  // most airways regulators
+    QTest::keyClick(dialog.findChild<QLineEdit*>("ResRange3"), Qt::Key_Return);
+  });
+  give("mnuDataOption");
+  (void)graphic()->grab();
+  EXPECT_GT(graphic()->graphic().Graph.Line.size(), lines);
+}
+
 TEST_F(Picture_Commands, Another_Mine_Begins_With_A_Whole_Plan) {
   show_graphic();
   give("mnuGraphComAttach");
