@@ -18,7 +18,7 @@ class MDICad : public Picture_Window {
   void load();
 
   /// The mine has changed. A drawing by mouse that only wanted nodes which have left is complete.
-  void data_changed();
+  void data_changed() override;
   /// Goes on with a drawing by mouse that was left after this node.
   void resume(int placed);
 

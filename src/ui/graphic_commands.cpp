@@ -34,6 +34,7 @@ void BRANOK60::show_graphic_state() {
   const Graphic& state = graphic_->graphic();
   show_picture_tools(graphic_->mode(), state.Mark_Attach == 1);
   action("mnuGraphComAttach")->setChecked(state.Mark_Attach == 1);
+  action("mnuGraphComDim")->setProperty("Tag", QString::fromStdString(state.view));
   for (int i = 0; i < static_cast<int>(views.size()); ++i) {
     action("mnuGraphDim", i)->setChecked(state.view == views.at(static_cast<std::size_t>(i)));
   }

@@ -17,7 +17,7 @@ class MDIGraph : public Picture_Window {
   /// Shows another mine: the whole plan, without marks.
   void load();
   /// The mine has changed: its extent is reckoned anew when nodes or connections have.
-  void data_changed();
+  void data_changed() override;
   /// Extent and projection anew, whatever has changed: after the graphic parameters.
   void project_anew();
 

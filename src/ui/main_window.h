@@ -80,6 +80,8 @@ class BRANOK60 : public QMainWindow {
   /// Zoom follows f and rolling its inverse (a picture in space rolls, a flat one zooms); colours,
   /// level band and saving follow g; the colour index needs results as well.
   void Set_Graph_Menu_State(bool f, bool g);
+  /// Draws the picture of the window on top, by its tag, anew.
+  void Refresh_Active_Picture();
 
   // --- The commands, each called by the command table alone
 

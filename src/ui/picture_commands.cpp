@@ -56,6 +56,10 @@ Picture_Window* BRANOK60::picture_on_top() const {
   return nullptr;
 }
 
+void BRANOK60::Refresh_Active_Picture() {
+  if (Picture_Window* const top = picture_on_top()) top->data_changed();
+}
+
 // Pictures follow the mine. Those out of sight wait until they are seen.
 void BRANOK60::refresh_pictures() {
   if (graphic_ != nullptr) graphic_->data_changed();

@@ -51,6 +51,8 @@ class Picture_Window : public QWidget {
   void show_area(const Area& area);
   /// The lists are built anew when they are next needed, and painted. Pasted pictures stay.
   void rebuild();
+  /// The mine has changed: its picture follows when it is next seen.
+  virtual void data_changed() = 0;
   /// Paints the lists as they are.
   void repaint_picture();
   /// "Redraw": the whole square is selected, pasted pictures go, lists and picture are new; the

@@ -46,13 +46,9 @@ void BRANOK60::Window_Icon(int) {
 void BRANOK60::Window_Select(int index) {
   enum { database, analysis, graphic, cad };
   if (index == database) return bring_up(database_window());
-  if (index == graphic) {
-    bring_up(graphic_window());
-    return graphic_->data_changed();
-  }
-  if (index == cad) {
-    bring_up(cad_window());
-    return cad_->data_changed();
+  if (index == graphic || index == cad) {
+    bring_up(index == cad ? static_cast<QWidget&>(cad_window()) : graphic_window());
+    return Refresh_Active_Picture();
   }
   const bool was_open = analysis_ != nullptr;
   bring_up(analysis_window());

@@ -100,6 +100,7 @@ TEST_F(Picture_Commands, Views_And_Labels_Are_Checked_While_They_Show) {
   give_index("mnuGraphDim", 3);
   EXPECT_EQ(graphic()->graphic().view, "2dew");
   EXPECT_TRUE(checked("mnuGraphDim3"));
+  EXPECT_EQ(action("mnuGraphComDim")->property("Tag"), "2dew");
   EXPECT_FALSE(checked("mnuGraphDim2"));
   give_index("mnuGraphNode_Info", 2);
   EXPECT_EQ(graphic()->graphic().Graph_NodeInfo, Node_Info::sn);
