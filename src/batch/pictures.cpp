@@ -65,7 +65,6 @@ std::shared_ptr<const Cad_Picture> Draw_Cad(const Database& db, const Picture_Op
   Cad_Normalize(picture->db);
   cad.Cad_Mark_Attach = options.marks ? 1 : 0;
   cad.Cad_Airway_Info = options.airway_info;
-  Set_Mark_Size(picture->db, cad);
   const std::string unfinished = Cad_Build(picture->db, cad);
   if (!unfinished.empty()) dialogue.remark("the picture is not complete: " + unfinished);
   return picture;

@@ -106,6 +106,10 @@ Pick_Ground Ground_Of(const Database& db, const Cad& cad);
 /// number is outside its table.
 int Cad_Place_Node(Database& db, Cad& cad, Point at);
 
+/// Whether marks of other nodes depend on where this one lies: an intake or a surface fan beside it
+/// looks away from it, an underground fan blows to it.
+bool Turns_Other_Marks(const Database& db, int node);
+
 /// The parts of one node: its mark and its airways, at the lists' ends, with the word "draw" or
 /// "erase". Each airway as Cad_Build enters it, so that erasing covers what was drawn.
 void Cad_Node_Parts(const Database& db, Cad& cad, int node, std::string_view word);

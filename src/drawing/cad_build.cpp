@@ -31,8 +31,7 @@ bool Is_Shown(const Database& db, const Cad& cad, int node) {
 // An underground fan points to its discharge node. As long as that one is not in the picture, not
 // placed yet or deleted, there is nothing to point to.
 bool Lacks_Discharge(const Database& db, const Cad& cad, int node) {
-  constexpr int underground_fan = 3;
-  if (db.Node_Type[node] != underground_fan) return false;
+  if (db.Node_Type[node] != node_class::underground_fan) return false;
   for (int f = 1; f <= db.MFan_Total; ++f) {
     if (db.MFan_Suction[f] != node) continue;
     const int discharge = db.MFan_Discharge[f];

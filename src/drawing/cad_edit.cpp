@@ -20,9 +20,10 @@ Point Within_Picture(Point at) {
 
 // A fan whose air leaves at its own node is a surface fan, whatever its node was marked as.
 void Mark_Surface_Fan(Database& db, int node) {
-  if (db.Node_Type[node] != 3) return;
+  if (db.Node_Type[node] != node_class::underground_fan) return;
   for (int f = 1; f <= db.MFan_Total; ++f) {
-    if (db.MFan_Suction[f] == node && db.MFan_Discharge[f] == node) db.Node_Type[node] = 2;
+    if (db.MFan_Suction[f] != node || db.MFan_Discharge[f] != node) continue;
+    db.Node_Type[node] = node_class::surface_fan;
   }
 }
 
@@ -130,6 +131,17 @@ int Cad_Place_Node(Database& db, Cad& cad, Point at) {
     if (const std::string fault = Cad_Build(db, cad); !fault.empty()) throw Run_Time_Error(fault);
   }
   return connected ? node : 0;
+}
+
+bool Turns_Other_Marks(const Database& db, int node) {
+  for (int f = 1; f <= db.MFan_Total; ++f) {
+    if (db.MFan_Discharge[f] == node) return true;
+  }
+  for (int j = 1; j <= db.Node_JuncCount[node]; ++j) {
+    const int type = db.Node_Type[db.Node_Junc(j, node)];
+    if (type == node_class::inlet || type == node_class::surface_fan) return true;
+  }
+  return false;
 }
 
 bool Cad_Complete(Database& db, const Cad& cad) {

@@ -12,18 +12,6 @@ namespace {
 // What a position, or a drawing's extent, is below.
 constexpr double beyond = 1e10;
 
-// Intakes, surface fans and the suction nodes of underground fans; the airways by their resistance,
-// those of an assist fan by its direction.
-void Set_Marks(Database& db) {
-  for (int i = 1; i <= db.Node_Total; ++i) db.Node_Type[i] = 0;
-  for (int k = 1; k <= db.Inlet_Total; ++k) db.Node_Type[db.Inlet_Node[k]] = 1;
-  for (int f = 1; f <= db.MFan_Total; ++f) {
-    const int suction = db.MFan_Suction[f];
-    db.Node_Type[suction] = suction == db.MFan_Discharge[f] ? 2 : 3;
-  }
-  Refresh_Regulator_Classes(db);
-}
-
 void Set_Positions(Database& db, Cad_Source source) {
   for (int i = 1; i <= db.Node_Total; ++i) {
     db.Node_Used[i] = db.Node_JuncCount[i] > 0 ? 1 : 0;
@@ -62,7 +50,7 @@ bool Cad_Generate(Database& db, Cad& cad, Cad_Source source, Dialogue& dialogue,
     keep_old();
   }
   // The marks come first: a number outside its table ends the command before a position is lost.
-  Set_Marks(db);
+  Derive_Marks(db);
   Empty(cad);
   Set_Positions(db, source);
   db.Flag_Cad = flag_true;

@@ -23,8 +23,8 @@ Database Sample_Mine() {
     db.Node_GraphX[i] = static_cast<float>(place.x);
     db.Node_GraphY[i] = static_cast<float>(place.y);
   }
-  db.Node_Type[1] = 1;
-  db.Node_Type[6] = 2;
+  db.Node_Type[1] = node_class::inlet;
+  db.Node_Type[6] = node_class::surface_fan;
   for (const Sample_Airway& airway : airways) {
     for (const auto& [near, far] : {std::pair(airway.from, airway.to), {airway.to, airway.from}}) {
       const int slot = ++db.Node_JuncCount[near];

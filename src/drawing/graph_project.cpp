@@ -12,6 +12,7 @@ namespace {
 constexpr double margin = 1.111;  // a view is this much wider than what it shows
 constexpr double filled = 0.8;    // part of the unit square that is drawn on
 constexpr int most_rows = 250;    // grid lines
+constexpr double furthest = 1e6;  // that a node which is not drawn may lie from the picture
 
 double Whole(double value) {
   if (value == 0) throw Run_Time_Error("the mine has no extent in this view");
@@ -152,6 +153,8 @@ std::string Graph_Project_2dh(Database& db, Graphic& g) {
     const Fit fit = Fit_Nodes(db);
     for (int i = 1; i <= db.Node_Total; ++i) {
       const Point p = fit({db.Node_GraphX[i], db.Node_GraphY[i]});
+      // A node without airways goes along from wherever it was, but not out of all bounds.
+      if (db.Node_Used[i] == 0 && std::abs(p.x) + std::abs(p.y) > furthest) continue;
       db.Node_GraphX[i] = To_Single(p.x);
       db.Node_GraphY[i] = To_Single(p.y);
     }

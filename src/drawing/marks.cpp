@@ -13,8 +13,6 @@ namespace {
 
 // Regulator classes, Root_Type without its sign.
 enum Airway_Class { open = 0, door = 1, assist_fan = 2, regulator = 3, two_doors = 4, stop = 5 };
-// Node_Type.
-enum Node_Class { plain = 0, inlet = 1, surface_fan = 2, underground_fan = 3 };
 
 constexpr int wide = 2;                     // pen of a mark's strong sides
 constexpr double blocked_intake = 2000;     // murgue: an intake above it is drawn crossed
@@ -328,15 +326,15 @@ void Build_Plain_Node(const Drawing& d, int node) {
 
 void Build_Node(const Drawing& d, int node) {
   switch (d.db.Node_Type[node]) {
-    case plain:
+    case node_class::plain:
       return Build_Plain_Node(d, node);
-    case inlet:
+    case node_class::inlet:
       Intake_Mark(d, node);
       break;
-    case surface_fan:
+    case node_class::surface_fan:
       Surface_Fan_Mark(d, node);
       break;
-    case underground_fan:
+    case node_class::underground_fan:
       Underground_Fan_Mark(d, node);
       break;
     default:

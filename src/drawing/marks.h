@@ -11,6 +11,11 @@ namespace branok {
 
 using Color_Table = List<std::int32_t, 10>;
 
+/// What Node_Type says of a node.
+namespace node_class {
+inline constexpr int plain = 0, inlet = 1, surface_fan = 2, underground_fan = 3;
+}
+
 /// What a drawing of the network is made from, and where it goes.
 struct Drawing {
   const Database& db;

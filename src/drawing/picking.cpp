@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "core/pictures.h"
 #include "core/text.h"
+#include "drawing/marks.h"
 
 namespace branok {
 
@@ -26,11 +27,11 @@ double Distance(double dx, double dy, double len, double px, double py, double S
 
 std::string Node_Kind(const Database& db, int node) {
   switch (db.Node_Type[node]) {
-    case 1:
+    case node_class::inlet:
       return " (intake)";
-    case 2:
+    case node_class::surface_fan:
       return " (surface fan)";
-    case 3:
+    case node_class::underground_fan:
       return " (underground fan)";
     default:
       return {};

@@ -88,15 +88,14 @@ QString MDICad::notice() const {
   return "Click where node " + QString::number(next) + " of " + total + " lies";
 }
 
-// Only what is new is painted, as long as the drawing grows. With the discharge node of an
-// underground fan its suction node, placed before, gets the fan's mark.
+// Only what is new is painted, as long as the drawing grows and no mark of a node placed before
+// turns with it.
 void MDICad::place_node(Point at) {
   const List_Ends before = Ends_Of(cad_.Lists);
-  int placed = 0;
-  const std::string broken = Trap([&] { placed = Cad_Place_Node(db_, cad_, at); });
-  bool discharge = false;
-  for (int f = 1; f <= db_.MFan_Total; ++f) discharge |= db_.MFan_Discharge[f] == placed;
-  if (db_.Flag_Cad != 0 || discharge || !broken.empty()) {
+  bool turns = false;
+  const std::string broken =
+      Trap([&] { turns = Turns_Other_Marks(db_, Cad_Place_Node(db_, cad_, at)); });
+  if (db_.Flag_Cad != 0 || turns || !broken.empty()) {
     rebuild();
   } else {
     paint_on_picture([&](Surface& surface) { Paint_New(cad_.Lists, before, surface); });

@@ -15,7 +15,6 @@ void MDIGraph::load() {
   graphic_ = Graphic();
   start_anew();
   project_anew();
-  set_view(side());
   view_changed();
 }
 

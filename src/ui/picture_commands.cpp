@@ -44,6 +44,10 @@ void BRANOK60::add_picture(Picture_Window* window, const char* icon) {
 // What was picked in a picture is to be viewed.
 void BRANOK60::show_picked(const Pick& pick) {
   if (pick.node == 0) {
+    // The pointer reads without marks, a click does not.
+    if (!tool("mark attach")->isChecked()) {
+      dialogue_.remark("Marks are off: with Mark Attach nodes and airways can be picked");
+    }
     dialogue_.show(messages::Nothing_Picked());
     return;
   }

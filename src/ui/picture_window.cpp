@@ -1,9 +1,8 @@
 #include "ui/picture_window.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QGridLayout>
-#include <QMimeData>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>

@@ -13,6 +13,7 @@
 #include "core/vocabulary.h"
 #include "files/ver6.h"
 #include "prep/calculators.h"
+#include "run_batch.h"
 #include "support/generated_mine.h"
 #include "support/temporary_folder.h"
 
@@ -20,23 +21,6 @@ namespace branok {
 namespace {
 
 const std::string mine_a = BRANOK_TEST_DATA "/DATA/mine-a.abk";
-
-struct Outcome {
-  Exit exit;
-  std::string out;
-  std::string err;
-};
-
-Outcome Batch(const std::vector<std::string>& words) {
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const Exit exit = Run_Batch(words);
-  std::fflush(stdout);
-  std::fflush(stderr);
-  Outcome outcome{exit, testing::internal::GetCapturedStdout(), {}};
-  outcome.err = testing::internal::GetCapturedStderr();
-  return outcome;
-}
 
 bool Has(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;

@@ -9,6 +9,7 @@
 #include "core/database.h"
 #include "core/safe_file.h"
 #include "files/ver6.h"
+#include "run_batch.h"
 #include "support/generated_mine.h"
 #include "support/temporary_folder.h"
 
@@ -17,29 +18,12 @@ namespace {
 
 const std::string mine_a = BRANOK_TEST_DATA "/DATA/mine-a.abk";
 
-struct Outcome {
-  Exit exit;
-  std::string out;
-  std::string err;
-};
-
 class Batch_Pictures : public testing::Test {
  protected:
   // Nobody's wishes for a display matter here.
   static void SetUpTestSuite() { ::setenv("QT_QPA_PLATFORM", "no such platform", 1); }
 
   [[nodiscard]] std::string path(const std::string& name) const { return (folder / name).string(); }
-
-  Outcome batch(const std::vector<std::string>& words) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    const Exit exit = Run_Batch(words);
-    std::fflush(stdout);
-    std::fflush(stderr);
-    Outcome outcome{exit, testing::internal::GetCapturedStdout(), {}};
-    outcome.err = testing::internal::GetCapturedStderr();
-    return outcome;
-  }
 
   [[nodiscard]] QImage image(const std::string& name) const {
     return QImage(QString::fromStdString(path(name)));
@@ -49,7 +33,7 @@ class Batch_Pictures : public testing::Test {
   QImage drawn(std::vector<std::string> words, const std::string& view = "2dh") {
     words.insert(words.begin(), mine_a);
     words.insert(words.end(), {"--picture", view, path("drawn.bmp")});
-    EXPECT_EQ(batch(words).exit, Exit::done);
+    EXPECT_EQ(Batch(words).exit, Exit::done);
     return image("drawn.bmp");
   }
 
@@ -72,7 +56,7 @@ int Count(const QImage& image, QColor color) {
 
 TEST_F(Batch_Pictures, EveryViewAndEveryKind) {
   const Outcome o =
-      batch({mine_a, "--flow", "--picture", "2dh", path("a.png"), "--picture", "2dew",
+      Batch({mine_a, "--flow", "--picture", "2dh", path("a.png"), "--picture", "2dew",
              path("a.SVG"), "--picture", "2dns", path("a.pdf"), "--picture", "cad", path("a.bmp")});
   EXPECT_EQ(o.exit, Exit::done);
   EXPECT_NE(o.out.find("Wrote picture 2dh to " + path("a.png") + '\n'), std::string::npos) << o.out;
@@ -93,7 +77,7 @@ TEST_F(Batch_Pictures, EveryViewAndEveryKind) {
 }
 
 TEST_F(Batch_Pictures, NothingButThePicturesOwnMessagesComesOnStandardError) {
-  EXPECT_EQ(batch({mine_a, "--picture", "2dh", path("a.png")}).err, "");
+  EXPECT_EQ(Batch({mine_a, "--picture", "2dh", path("a.png")}).err, "");
 }
 
 TEST_F(Batch_Pictures, TheViewsDiffer) {
@@ -144,7 +128,7 @@ TEST_F(Batch_Pictures, AirwayInformation) {
 
 TEST_F(Batch_Pictures, InformationAndMarksHoldForThePicturesThatFollow) {
   EXPECT_EQ(
-      batch({mine_a,      "--picture", "2dh",         path("1.bmp"), "--info",      "level",
+      Batch({mine_a,      "--picture", "2dh",         path("1.bmp"), "--info",      "level",
              "--picture", "2dh",       path("2.bmp"), "--picture",   "2dh",         path("3.bmp"),
              "--marks",   "off",       "--picture",   "2dh",         path("4.bmp"), "--marks",
              "on",        "--info",    "none",        "--picture",   "2dh",         path("5.bmp")})
@@ -167,8 +151,8 @@ TEST_F(Batch_Pictures, WithoutMarksThereAreAirwaysAndGridOnly) {
 }
 
 TEST_F(Batch_Pictures, APictureLeavesTheMineAsItIs) {
-  batch({mine_a, "--flow", "--save", path("without.abk")});
-  batch({mine_a, "--flow", "--picture", "cad", path("a.png"), "--picture", "2dns", path("b.png"),
+  Batch({mine_a, "--flow", "--save", path("without.abk")});
+  Batch({mine_a, "--flow", "--picture", "cad", path("a.png"), "--picture", "2dns", path("b.png"),
          "--save", path("with.abk")});
   EXPECT_TRUE(Read_Whole(path("with.abk")) == Read_Whole(path("without.abk")));
 }
@@ -181,11 +165,11 @@ TEST_F(Batch_Pictures, AMinesOwnDrawingIsShown) {
     db.Node_CadY[i] = 0.1F + 0.2F * static_cast<float>(i - 1);
   }
   const std::string own = file_of(db);
-  const Outcome o = batch({own, "--picture", "cad", path("own.bmp")});
+  const Outcome o = Batch({own, "--picture", "cad", path("own.bmp")});
   EXPECT_EQ(o.exit, Exit::done);
   EXPECT_EQ(o.err, "");  // nothing is generated
   db.Flag_Cad = 0;
-  EXPECT_EQ(batch({file_of(db), "--picture", "cad", path("made.bmp")}).exit, Exit::done);
+  EXPECT_EQ(Batch({file_of(db), "--picture", "cad", path("made.bmp")}).exit, Exit::done);
   EXPECT_NE(image("own.bmp"), image("made.bmp"));
 }
 
@@ -210,7 +194,7 @@ TEST_F(Batch_Pictures, WrongWordsAreSeenBeforeAnythingRuns) {
   for (const auto& [words, told] : wrong) {
     std::vector<std::string> all = {mine_a, "--flow", "--save", path("saved.abk")};
     all.insert(all.end(), words.begin(), words.end());
-    const Outcome o = batch(all);
+    const Outcome o = Batch(all);
     EXPECT_EQ(o.exit, Exit::wrong_usage) << told;
     EXPECT_EQ(o.out, "");
     EXPECT_NE(o.err.find(told), std::string::npos) << o.err;
@@ -221,13 +205,13 @@ TEST_F(Batch_Pictures, WrongWordsAreSeenBeforeAnythingRuns) {
 
 TEST_F(Batch_Pictures, AFileThatCannotBeWritten) {
   const std::string file = path("none/a.png");
-  const Outcome o = batch({mine_a, "--picture", "2dh", file, "--save", path("saved.abk")});
+  const Outcome o = Batch({mine_a, "--picture", "2dh", file, "--save", path("saved.abk")});
   EXPECT_EQ(o.exit, Exit::file_failed);
   EXPECT_NE(o.err.find("none: No such file or directory"), std::string::npos) << o.err;
   EXPECT_EQ(o.out, "");
   EXPECT_EQ(folder.count(), 0);
   std::filesystem::create_directory(folder / "a.svg");
-  EXPECT_EQ(batch({mine_a, "--picture", "2dh", path("a.svg")}).exit, Exit::file_failed);
+  EXPECT_EQ(Batch({mine_a, "--picture", "2dh", path("a.svg")}).exit, Exit::file_failed);
 }
 
 TEST_F(Batch_Pictures, AMineAtOnePointHasNoPlan) {
@@ -235,7 +219,7 @@ TEST_F(Batch_Pictures, AMineAtOnePointHasNoPlan) {
   for (int i = 1; i <= db.Node_Total; ++i) db.Node_EW[i] = db.Node_SN[i] = db.Node_Elev[i] = 70;
   const std::string mine = file_of(db);
   for (const char* view : {"2dh", "2dew", "2dns"}) {
-    const Outcome o = batch({mine, "--picture", view, path("a.png"), "--save", path("b.abk")});
+    const Outcome o = Batch({mine, "--picture", view, path("a.png"), "--save", path("b.abk")});
     EXPECT_EQ(o.exit, Exit::run_failed) << view;
     EXPECT_EQ(o.err, std::string("branok-batch: no picture ") + view +
                          ": all connected nodes lie at one point\n");
@@ -243,16 +227,16 @@ TEST_F(Batch_Pictures, AMineAtOnePointHasNoPlan) {
   }
   EXPECT_EQ(folder.count(), 1);
   // A schematic of it can still be drawn.
-  EXPECT_EQ(batch({mine, "--picture", "cad", path("a.png")}).exit, Exit::done);
+  EXPECT_EQ(Batch({mine, "--picture", "cad", path("a.png")}).exit, Exit::done);
 }
 
 TEST_F(Batch_Pictures, AMineWithoutAirwaysHasNoPicture) {
   Database db;
   Reset_Database(db);
   const std::string mine = file_of(db);
-  if (batch({mine}).exit != Exit::done) GTEST_SKIP() << "such a mine cannot be read";
+  ASSERT_EQ(Batch({mine}).exit, Exit::done);
   for (const char* view : {"2dh", "cad"}) {
-    const Outcome o = batch({mine, "--picture", view, path("a.png")});
+    const Outcome o = Batch({mine, "--picture", view, path("a.png")});
     EXPECT_EQ(o.exit, Exit::run_failed);
     EXPECT_NE(o.err.find("the mine has no airways"), std::string::npos) << o.err;
   }

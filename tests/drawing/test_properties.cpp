@@ -398,6 +398,16 @@ TEST(Deep_Shaft, Passes_The_Grid_And_Is_Drawn) {
   }
 }
 
+// A deep shaft fills little of its rounded plan, which each projection enlarges.
+TEST(A_Node_Without_Airways, Never_Ends_The_Plan) {
+  Database db = Chain({{100, 200, 0}, {105, 200, -500}, {110, 205, -1000}});
+  db.Node_Total = 4;
+  Graphic graphic;
+  ASSERT_EQ(Graph_Range(db, graphic), "");
+  for (int k = 0; k < 200; ++k) ASSERT_EQ(Graph_Project_2dh(db, graphic), "") << k;
+  EXPECT_TRUE(std::isfinite(db.Node_GraphX[4]));
+}
+
 TEST(All_Nodes_At_One_Point, Are_A_Fault_And_No_Crash) {
   Database db = Chain({{100, 200, 300}, {100, 200, 300}, {100, 200, 300}});
   for (const std::string& view : views) {

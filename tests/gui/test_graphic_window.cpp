@@ -398,17 +398,22 @@ TEST_F(Graphic_Window, The_Right_Button_Asks_For_The_Menu) {
 // --- Mines that have no picture
 
 TEST_F(Graphic_Window, A_Mine_At_One_Point_Says_Why_It_Has_No_Picture) {
-  Database flat = Demo_Mine();
-  flat.Node_EW.fill(100);
-  flat.Node_SN.fill(100);
-  flat.Node_Elev.fill(5);
-  open(std::move(flat));
   QSignalSpy fault(window.get(), &Picture_Window::fault);
-  window->rebuild();
-  EXPECT_GT(Pixels_Unlike(window->findChild<QWidget*>("picShade")->grab().toImage(), Qt::black), 0);
+  db.Node_EW.fill(100);
+  db.Node_SN.fill(100);
+  db.Node_Elev.fill(5);
+  window->data_changed();
+  const QImage seen = window->findChild<QWidget*>("picShade")->grab().toImage();
+  ASSERT_EQ(fault.size(), 1);
+  EXPECT_EQ(fault[0][0].toString(),
+            "The picture is not complete: all connected nodes lie at one point");
+  EXPECT_GT(Pixels_Unlike(seen, Qt::black), 500);  // the reason stands over it
   hand().wheel({0.5, 0.5}, 2);
-  window->show_view("2dew");
-  window->show_view("2dns");
+  for (const char* const view : {"2dew", "2dns"}) {
+    window->show_view(view);
+    (void)picture();
+    EXPECT_TRUE(window->graphic().Graph.Circle.empty());
+  }
   hand().click({0.5, 0.5});
 }
 

@@ -598,6 +598,15 @@ TEST_F(Picture_Commands, Views_Of_Picked_Things_And_Of_Nothing) {
   EXPECT_TRUE(user_.boxes.back().text.contains("Node 1 (intake)"));
 }
 
+TEST_F(Picture_Commands, A_Click_While_Marks_Are_Off_Says_Why_It_Finds_Nothing) {
+  show_graphic();
+  give("mnuGraphComView");
+  (void)graphic()->grab();
+  Picture_Hand(*graphic()).click({db().Node_GraphX[1], db().Node_GraphY[1]});
+  EXPECT_TRUE(user_.saw("There is neither a node nor an airway at this point."));
+  EXPECT_TRUE(status("stbRemark").contains("Marks are off"));
+}
+
 TEST_F(Picture_Commands, The_Status_Bar_Tells_What_Lies_Under_The_Pointer) {
   show_graphic();
   give("mnuGraphComAttach");
