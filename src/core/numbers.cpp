@@ -142,6 +142,14 @@ double Parse_Double(std::string_view text) {
   return negative ? -value : value;
 }
 
+std::optional<double> Number_In(std::string_view text) {
+  try {
+    return Parse_Double(text);
+  } catch (const Run_Time_Error&) {
+    return std::nullopt;
+  }
+}
+
 float Parse_Single(std::string_view text) { return To_Single(Parse_Double(text)); }
 
 std::int16_t Parse_Int16(std::string_view text) { return To_Int16(Parse_Double(text)); }

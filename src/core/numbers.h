@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -45,6 +46,9 @@ float To_Single(double x);
 /// The point is a point in every locale. Raises Run_Time_Error when the text holds no number, or
 /// one too large.
 double Parse_Double(std::string_view text);
+
+/// As Parse_Double; nothing where that raises.
+std::optional<double> Number_In(std::string_view text);
 
 /// As Parse_Double, as a 32-bit float.
 float Parse_Single(std::string_view text);

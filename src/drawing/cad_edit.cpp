@@ -183,14 +183,9 @@ std::string Cad_Move_Node(Database& db, Cad& cad, int node, Point to) {
 int Ask_Deleted_Node(const Database& db, Dialogue& dialogue) {
   const auto text = dialogue.ask(messages::delete_node_prompt, messages::delete_node_title);
   if (!text) return 0;
-  double number = 0;
-  try {
-    number = Parse_Double(*text);
-  } catch (const Run_Time_Error&) {
-    return 0;
-  }
-  if (number < 1 || number > db.Node_Total) return 0;
-  const int node = To_Int16(number);
+  const std::optional<double> number = Number_In(*text);
+  if (!number || *number < 1 || *number > db.Node_Total) return 0;
+  const int node = To_Int16(*number);
   return dialogue.show(messages::Ask_Delete_Node(node)) == Answer::ok ? node : 0;
 }
 

@@ -19,14 +19,6 @@ bool Has_Temperatures(const Database& db) {
   return db.Flag_Results != 0 && (db.Flag_Annual == 1 || db.Flag_Season == 1);
 }
 
-std::optional<double> Read_Temperature(std::string_view text) {
-  try {
-    return Parse_Double(text);
-  } catch (const Run_Time_Error&) {
-    return std::nullopt;
-  }
-}
-
 Index_Range Limit_Index(double max, double min) {
   constexpr double hottest = 100;
   constexpr double coldest = -50;

@@ -22,9 +22,6 @@ struct Index_Range {
   std::int16_t max = 0, min = 0;
 };
 
-/// The temperature that a text names; nothing for a text that is no number.
-std::optional<double> Read_Temperature(std::string_view text);
-
 /// The ends from two typed numbers, rounded to whole degrees: at most 100, at least -50, the higher
 /// at least one above the lower (else it is made so).
 Index_Range Limit_Index(double max, double min);

@@ -66,14 +66,6 @@ double Shown(std::size_t row, double number) {
   return real ? Parse_Double(picture(number)) : Round(number);
 }
 
-std::optional<double> Number_In(std::string_view text) {
-  try {
-    return Parse_Double(text);
-  } catch (const Run_Time_Error&) {
-    return std::nullopt;
-  }
-}
-
 }  // namespace
 
 Graphic_Values Take_Graphic_Values(const Database& db) {

@@ -12,13 +12,9 @@ void Reset_Band(const Database& db, Graphic& graphic) {
 }
 
 std::optional<std::int16_t> Read_Level(const Database& db, std::string_view text) {
-  try {
-    const double level = Parse_Double(text);
-    if (level < db.Range_ZMin || level > db.Range_ZMax) return std::nullopt;
-    return To_Int16(level);
-  } catch (const Run_Time_Error&) {
-    return std::nullopt;
-  }
+  const std::optional<double> level = Number_In(text);
+  if (!level || *level < db.Range_ZMin || *level > db.Range_ZMax) return std::nullopt;
+  return To_Int16(*level);
 }
 
 void Set_Band(Graphic& graphic, std::int16_t first, std::int16_t second) {

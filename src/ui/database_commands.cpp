@@ -38,11 +38,9 @@ QString Page_Name(Folder folder) {
 // A typed whole number; one too large for any table stays large. Nothing when it is no number.
 std::optional<int> Typed_Count(std::string_view text) {
   constexpr double large = 1e6;
-  try {
-    return static_cast<int>(Round(std::clamp(Parse_Double(text), -large, large)));
-  } catch (const Run_Time_Error&) {
-    return std::nullopt;
-  }
+  const std::optional<double> number = Number_In(text);
+  if (!number) return std::nullopt;
+  return static_cast<int>(Round(std::clamp(*number, -large, large)));
 }
 
 // The first fan whose table gives a curve; the first of all when none does.

@@ -60,14 +60,10 @@ void DlgFrame::ok() {
 
 std::optional<double> DlgFrame::percent_in(std::size_t entry) {
   QLineEdit* const field = txtValue.at(entry);
-  std::optional<Message> fault;
-  try {
-    const double percent = Parse_Double(field->text().toStdString());
-    fault = Fault_Of(entry, percent);
-    if (!fault) return percent;
-  } catch (const Run_Time_Error&) {
-    fault = messages::Not_Numeric();
-  }
+  const std::optional<double> percent = Number_In(field->text().toStdString());
+  const std::optional<Message> fault =
+      percent ? Fault_Of(entry, *percent) : messages::Not_Numeric();
+  if (!fault) return percent;
   dialogue_.show(*fault);
   Ask_Again(field);
   return std::nullopt;

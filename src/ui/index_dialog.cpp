@@ -123,7 +123,7 @@ std::optional<Index_Range> DlgIndex::set_index() {
 }
 
 std::optional<double> DlgIndex::temperature_in(QLineEdit* entry) {
-  const auto temperature = Read_Temperature(entry->text().toStdString());
+  const auto temperature = Number_In(entry->text().toStdString());
   if (!temperature) {
     dialogue_.show(messages::Not_Numeric());
     Ask_Again(entry);

@@ -103,5 +103,14 @@ TEST(Parsing, TrimTakesBlanksAndTabsAtTheEnds) {
   EXPECT_EQ(Trim(""), "");
 }
 
+TEST(Number_In, Takes_Numbers_And_Nothing_Else) {
+  EXPECT_EQ(Number_In("12.5"), 12.5);
+  EXPECT_EQ(Number_In(" -3 "), -3);
+  EXPECT_EQ(Number_In("1e2"), 100);
+  for (const char* text : {"", " ", "warm", "12,5", "1 2", "12C", "1e999", "nan", "inf"}) {
+    EXPECT_EQ(Number_In(text), std::nullopt) << text;
+  }
+}
+
 }  // namespace
 }  // namespace branok

@@ -54,15 +54,6 @@ TEST(Color_Index, Decimals_Go_To_The_Even_Neighbour) {
   Expect_Limited(31.5, -0.5, 32, 0);
 }
 
-TEST(Color_Index, Reads_Numbers_Alone) {
-  EXPECT_EQ(Read_Temperature("12.5"), 12.5);
-  EXPECT_EQ(Read_Temperature(" -3 "), -3);
-  EXPECT_EQ(Read_Temperature("1e2"), 100);
-  for (const char* text : {"", " ", "warm", "12,5", "1 2", "12C", "1e999", "nan", "inf"}) {
-    EXPECT_EQ(Read_Temperature(text), std::nullopt) << text;
-  }
-}
-
 TEST(Color_Index, The_Legend_Goes_From_End_To_End_In_Fifteen_Steps) {
   const auto cells = Index_Legend({.max = 40, .min = 10});
   EXPECT_EQ(cells[0].label, "10.0C");
